@@ -1,0 +1,14 @@
+// tessik: find, hold, order, show, store and compare collections of file records.
+// Hosts include this one header and link tessik::tessik.
+#ifndef TESSIK_TESSIK_H
+#define TESSIK_TESSIK_H
+
+#include <tessik/platform.h>
+
+#include <tessik/Container.h>
+#include <tessik/Link.h>
+
+#include <tessik/DName.h>
+#include <tessik/FileOper.h>
+
+#endif

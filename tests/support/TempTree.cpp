@@ -1,0 +1,109 @@
+#include "support/TempTree.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <fcntl.h>
+#include <ftw.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+int RemoveEntry(char const* path, struct stat const*, int, struct FTW*) {
+    chmod(path, 0700);
+    return remove(path);
+}
+
+void MakeWritable(std::string const& root) {
+    // An unreadable directory left by a test must still be removable.
+    nftw(
+        root.c_str(),
+        [](char const* path, struct stat const* st, int, struct FTW*) {
+            if (S_ISDIR(st->st_mode))
+                chmod(path, 0700);
+            return 0;
+        },
+        16, FTW_PHYS);
+}
+
+} // namespace
+
+TempTree::TempTree() {
+    char const* tz = std::getenv("TZ");
+    hadTz = tz != nullptr;
+    if (tz)
+        oldTz = tz;
+    setenv("TZ", "UTC", 1);
+    tzset();
+
+    char cwd[4096];
+    if (getcwd(cwd, sizeof cwd))
+        startDir = cwd;
+
+    char const* tmp = std::getenv("TMPDIR");
+    std::string pattern = std::string(tmp && *tmp ? tmp : "/tmp") + "/tessik-test-XXXXXX";
+    char* made = mkdtemp(pattern.data());
+    if (!made)
+        ADD_FAILURE() << "cannot make a temporary directory";
+    root = made ? made : "";
+}
+
+TempTree::~TempTree() {
+    if (!startDir.empty() && chdir(startDir.c_str()) != 0)
+        ADD_FAILURE() << "cannot return to " << startDir;
+    if (!root.empty()) {
+        MakeWritable(root);
+        nftw(root.c_str(), RemoveEntry, 16, FTW_DEPTH | FTW_PHYS);
+    }
+    if (hadTz)
+        setenv("TZ", oldTz.c_str(), 1);
+    else
+        unsetenv("TZ");
+    tzset();
+}
+
+std::string TempTree::Path(std::string const& relative) const {
+    return relative.empty() ? root : root + "/" + relative;
+}
+
+std::string TempTree::WinPath(std::string const& relative) const {
+    std::string path = "Z:" + Path(relative);
+    for (char& c : path)
+        if (c == '/')
+            c = '\\';
+    return path;
+}
+
+void TempTree::MakeDir(std::string const& relative) const {
+    ASSERT_EQ(mkdir(Path(relative).c_str(), 0755), 0) << relative;
+}
+
+void TempTree::MakeFile(std::string const& relative, std::string const& content) const {
+    int fd = open(Path(relative).c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    ASSERT_GE(fd, 0) << relative;
+    ASSERT_EQ(write(fd, content.data(), content.size()), static_cast<ssize_t>(content.size()));
+    close(fd);
+}
+
+void TempTree::MakeSparseFile(std::string const& relative, std::uint64_t size) const {
+    int fd = open(Path(relative).c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    ASSERT_GE(fd, 0) << relative;
+    ASSERT_EQ(ftruncate(fd, static_cast<off_t>(size)), 0);
+    close(fd);
+}
+
+void TempTree::SetTimes(std::string const& relative, std::int64_t seconds) const {
+    struct timespec times[2];
+    times[0].tv_sec = static_cast<time_t>(seconds);
+    times[0].tv_nsec = 0;
+    times[1] = times[0];
+    ASSERT_EQ(utimensat(AT_FDCWD, Path(relative).c_str(), times, AT_SYMLINK_NOFOLLOW), 0);
+}
+
+void TempTree::SetMode(std::string const& relative, unsigned mode) const {
+    ASSERT_EQ(chmod(Path(relative).c_str(), mode), 0);
+}
+
+bool PermissionsApply() { return geteuid() != 0; }

@@ -1,0 +1,40 @@
+// A fresh directory tree for one test: made under the system's temporary directory, removed
+// afterwards. Also fixes TZ and puts the current directory back when the test ends.
+#ifndef TESSIK_TESTS_TEMPTREE_H
+#define TESSIK_TESTS_TEMPTREE_H
+
+#include <cstdint>
+#include <string>
+
+class TempTree {
+public:
+    TempTree();
+    ~TempTree();
+    TempTree(TempTree const&) = delete;
+    TempTree& operator=(TempTree const&) = delete;
+
+    // POSIX path of the root, and of `relative` below it.
+    std::string const& Root() const { return root; }
+    std::string Path(std::string const& relative) const;
+    // The same as a path of drive Z: with backslashes, as the library reports it.
+    std::string WinPath(std::string const& relative = "") const;
+
+    void MakeDir(std::string const& relative) const;
+    void MakeFile(std::string const& relative, std::string const& content = "") const;
+    void MakeSparseFile(std::string const& relative, std::uint64_t size) const;
+    // Sets the last write and access time, in seconds since 1970 (UTC).
+    void SetTimes(std::string const& relative, std::int64_t seconds) const;
+    void SetMode(std::string const& relative, unsigned mode) const;
+
+private:
+    std::string root;
+    std::string startDir;
+    std::string oldTz;
+    bool hadTz;
+};
+
+// Whether the process can bypass file permissions (root does), so a test of an unreadable
+// directory knows whether its setup can work.
+bool PermissionsApply();
+
+#endif
