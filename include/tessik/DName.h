@@ -58,9 +58,9 @@ public:
     bool InsertLeft(DName const& text);
     bool InsertRight(DName const& text);
     bool InsertRight(char const& c, unsigned int const& n); // n copies of c
-    bool DelRight(unsigned int const& n);                    // cuts n bytes; all when n >= Size
-    bool ModPos(unsigned int const& pos, char const& c);     // false past the end
-    bool Replace(char const& from, char const& to);          // every byte; true when any changed
+    bool DelRight(unsigned int const& n);                   // cuts n bytes; all when n >= Size
+    bool ModPos(unsigned int const& pos, char const& c);    // false past the end
+    bool Replace(char const& from, char const& to);         // every byte; true when any changed
     // Position of the first `c` at or after `start`; Size() when there is none.
     unsigned int FindFirstChar(char const& c, unsigned int const& start = 0) const;
 
@@ -73,16 +73,16 @@ public:
     DWORD GetNumber(unsigned int const& index, unsigned int* end) const;
 
     // Paths.
-    bool RemDir();                 // leaves the last component
-    bool RemDir(DName& out);       // drops trailing separators, the last component into out
-    bool RemFilename();            // removes the last component and its separator
-    bool RemFilename(DName& out);  // the same, the component into out
-    bool RemDrive(DName& out);     // "C:" into out; false when there is no drive
-    bool RemIndexDir(DName& out);  // the first component into out; false when there is none
+    bool RemDir();                // leaves the last component
+    bool RemDir(DName& out);      // drops trailing separators, the last component into out
+    bool RemFilename();           // removes the last component and its separator
+    bool RemFilename(DName& out); // the same, the component into out
+    bool RemDrive(DName& out);    // "C:" into out; false when there is no drive
+    bool RemIndexDir(DName& out); // the first component into out; false when there is none
     bool AddHome(DName const& home, bool const& forward);
     bool AddFile(DName const& name, bool const& forward);
-    bool AttachSlash(bool const& forward); // a trailing separator unless there is one
-    bool ChopPath(bool const& all);        // removes one, or all, trailing separators
+    bool AttachSlash(bool const& forward);       // a trailing separator unless there is one
+    bool ChopPath(bool const& all);              // removes one, or all, trailing separators
     bool isFileSpec(DName const& pattern) const; // wildcard match, `*` and `?`, any case
 
     // Stream form: a 32-bit little-endian length, then the bytes.
@@ -100,6 +100,13 @@ public:
 private:
     bool Assign(char const* text, unsigned int n);
     bool Reserve(unsigned int n);
+    // Replaces `cut` bytes at `at` with `n` bytes (which may lie inside this name).
+    bool Splice(unsigned int at, unsigned int cut, char const* bytes, unsigned int n);
+    void Keep(unsigned int from, unsigned int to); // leaves bytes [from, to), never allocates
+    void Take(DName& other);                       // other's text moves here, links stay
+    // Bytes [start, end) into out, bytes [keepFrom, keepTo) left here.
+    bool Split(unsigned int start, unsigned int end, unsigned int keepFrom, unsigned int keepTo,
+               DName& out);
 
     char* text;
     unsigned int size;
@@ -107,6 +114,8 @@ private:
 };
 
 // The link through which Container<DName> chains names.
-inline DName*& NextOf(DName& name) { return name.link; }
+inline DName*& NextOf(DName& name) {
+    return name.link;
+}
 
 #endif

@@ -31,8 +31,8 @@ public:
 
     bool SetPos(std::uint64_t const& position); // absolute
     std::uint64_t GetPos() const;
-    bool isEof() const;               // a read met the end, or the position is at the length
-    std::uint64_t GetLength() const;  // length when opened, grown by writes
+    bool isEof() const;              // a read met the end, or the position is at the length
+    std::uint64_t GetLength() const; // length when opened, grown by writes
 
     bool Write(void const* data, DWORD const& size);
     bool TWrite(char const* text); // the text and a line end ("\n")

@@ -1,0 +1,126 @@
+#include <tessik/FileOper.h>
+
+#include "support/TempTree.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
+#include <string>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace {
+
+// The whole file, read in small blocks the way a content search reads.
+std::string Content(std::string const& path) {
+    FileOper file(path.c_str(), false);
+    std::string content;
+    char block[4];
+    while (!file.isEof() && file.Read(block, sizeof block, true))
+        content.append(block, file.GetReadSize());
+    return content;
+}
+
+} // namespace
+
+TEST(FileOper, ReadsUntilTheEnd) {
+    TempTree tree;
+    tree.MakeFile("f.txt", "hello world");
+    FileOper file(tree.Path("f.txt").c_str(), false);
+    ASSERT_TRUE(file.isOpen());
+    EXPECT_EQ(file.GetLength(), 11u);
+    EXPECT_EQ(Content(tree.Path("f.txt")), "hello world");
+
+    char buffer[16];
+    EXPECT_TRUE(file.Read(buffer, 5, false));
+    EXPECT_EQ(file.GetTotalReadSize(), 5u);
+    EXPECT_FALSE(file.isEof());
+    EXPECT_FALSE(file.Read(buffer, 10, false)); // only 6 left
+    EXPECT_EQ(file.GetReadSize(), 6u);
+    EXPECT_TRUE(file.isEof());
+
+    EXPECT_TRUE(file.SetPos(6));
+    EXPECT_FALSE(file.isEof());
+    EXPECT_TRUE(file.Read(buffer, 10, true));
+    EXPECT_EQ(std::string(buffer, file.GetReadSize()), "world");
+    EXPECT_EQ(file.GetTotalReadSize(), 11u);
+    EXPECT_FALSE(file.Read(buffer, 10, true));
+    EXPECT_EQ(file.GetReadSize(), 0u);
+
+    // A file that shrinks under the reader still ends its loop.
+    EXPECT_TRUE(file.SetPos(0));
+    tree.MakeFile("f.txt", "abc");
+    EXPECT_TRUE(file.Read(buffer, 10, true));
+    EXPECT_EQ(file.GetReadSize(), 3u);
+    EXPECT_TRUE(file.isEof());
+
+    EXPECT_FALSE(FileOper(&file).isOpen());
+    file.Close();
+    EXPECT_TRUE(file.isEof());
+    EXPECT_FALSE(file.Read(buffer, 1, true));
+}
+
+TEST(FileOper, CreatesTruncatesAndWrites) {
+    TempTree tree;
+    std::string path = tree.Path("out.txt");
+    {
+        FileOper file(path.c_str(), true);
+        EXPECT_TRUE(file.TWrite("line"));
+        EXPECT_TRUE(file.wtf());
+        EXPECT_TRUE(file.Write("xy", 2));
+        EXPECT_EQ(file.GetLength(), 8u);
+    }
+    EXPECT_EQ(Content(path), "line\n\nxy");
+
+    FileOper(path.c_str(), true).Close();
+    FileOper reader(path.c_str(), false);
+    EXPECT_EQ(reader.GetLength(), 0u);
+    EXPECT_TRUE(reader.isEof());
+    EXPECT_FALSE(reader.Write("z", 1));
+}
+
+TEST(FileOper, OpensOnlyRegularFiles) {
+    TempTree tree;
+    tree.MakeDir("dir");
+    ASSERT_EQ(mkfifo(tree.Path("fifo").c_str(), 0600), 0);
+    int listener = socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    std::string socketPath = tree.Path("sock");
+    ASSERT_LT(socketPath.size(), sizeof address.sun_path);
+    std::memcpy(address.sun_path, socketPath.c_str(), socketPath.size() + 1);
+    ASSERT_EQ(bind(listener, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+
+    for (char const* name : {"dir", "fifo", "sock"}) {
+        EXPECT_FALSE(FileOper(tree.Path(name).c_str(), false).isOpen()) << name;
+        EXPECT_FALSE(FileOper(tree.Path(name).c_str(), true).isOpen()) << name;
+    }
+    close(listener);
+    EXPECT_FALSE(FileOper(tree.Path("missing").c_str(), false).isOpen());
+    EXPECT_FALSE(FileOper("/dev/null", false).isOpen());
+    struct stat info;
+    if (stat("/proc/self/status", &info) == 0) {
+        EXPECT_FALSE(FileOper("/proc/self/status", false).isOpen());
+    }
+}
+
+TEST(FileOper, ReachesPastFourGiB) {
+    TempTree tree;
+    std::uint64_t const size = (std::uint64_t(5) << 30) + 7;
+    tree.MakeSparseFile("big", size);
+    FileOper big(tree.Path("big").c_str(), false);
+    EXPECT_EQ(big.GetLength(), size);
+    EXPECT_TRUE(big.SetPos(size - 3));
+    char buffer[8] = {1, 1, 1};
+    EXPECT_TRUE(big.Read(buffer, sizeof buffer, true));
+    EXPECT_EQ(std::string(buffer, big.GetReadSize()), std::string(3, '\0'));
+    EXPECT_EQ(big.GetTotalReadSize(), size);
+
+    FileOper out(tree.Path("written").c_str(), true);
+    EXPECT_TRUE(out.SetPos(size));
+    EXPECT_TRUE(out.Write("end", 3));
+    EXPECT_EQ(out.GetLength(), size + 3);
+    EXPECT_EQ(FileOper(tree.Path("written").c_str(), false).GetLength(), size + 3);
+}
