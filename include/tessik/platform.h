@@ -13,10 +13,19 @@
 
 #if defined(_WIN32)
 
-#include <windows.h>
 #include <shlobj.h>
 #include <shlwapi.h>
+#include <stdlib.h>
 #include <string.h>
+#include <windows.h>
+
+// The runtime's own generator; the posix backend declares the same names below.
+inline int msvcrt_rand() {
+    return rand();
+}
+inline void msvcrt_srand(unsigned seed) {
+    srand(seed);
+}
 
 #else
 
@@ -139,6 +148,62 @@ TESSIK_API BOOL CloseHandle(HANDLE object);
 
 // Wildcard match of a name against a pattern (shlwapi): `*` and `?`, without regard to case.
 TESSIK_API BOOL PathMatchSpecA(char const* name, char const* pattern);
+
+// ---- Windows and painting (headless) ----
+// Every window is headless: a record of its client rectangle, the colour of its pixel (0,0)
+// (the button face colour, RGB 240 240 240), its window region (whole or one pixel) and the texts
+// painted on it. The record lives until DestroyWindow of the window or of one of its parents.
+// Tests and hosts read it through <tessik/headless.h>. Handles are never reused.
+
+typedef struct HMENU__* HMENU;
+
+#define WS_CHILD 0x40000000u
+#define WS_POPUP 0x80000000u
+#define RDW_INVALIDATE 0x1
+#define RDW_UPDATENOW 0x100
+
+// Any class name makes a window; its client rectangle is 0, 0, width, height (negative sizes
+// count as 0). Null without a class name, or with a parent that is not a window.
+TESSIK_API HWND CreateWindowExA(DWORD exStyle, char const* className, char const* windowName,
+                                DWORD style, int x, int y, int width, int height, HWND parent,
+                                HMENU menu, HINSTANCE instance, void* param);
+TESSIK_API BOOL DestroyWindow(HWND window); // its children go with it
+TESSIK_API BOOL IsWindow(HWND window);
+TESSIK_API BOOL GetClientRect(HWND window, RECT* rect);
+TESSIK_API BOOL RedrawWindow(HWND window, RECT const* update, HRGN region, unsigned int flags);
+// ---- end windows ----
+
+// ---- Time ----
+// FILETIME counts 100 ns since 1601-01-01 UTC; SYSTEMTIME holds its proleptic Gregorian fields
+// (wDayOfWeek 0 for Sunday). Local time is that of the process's time zone (TZ) at the instant
+// concerned, daylight saving included.
+
+// FALSE for a value of 0x8000000000000000 or more.
+TESSIK_API BOOL FileTimeToSystemTime(FILETIME const* fileTime, SYSTEMTIME* systemTime);
+// FALSE for fields outside the calendar or years outside 1601..30827; wDayOfWeek is ignored.
+TESSIK_API BOOL SystemTimeToFileTime(SYSTEMTIME const* systemTime, FILETIME* fileTime);
+// Both give FALSE, and leave the output alone, when the result would leave the FILETIME range.
+// A local time repeated by a clock change gives the earlier instant; one skipped by a clock
+// change is read with the offset in force before it (02:30 in a 02:00 -> 03:00 gap is 03:30).
+TESSIK_API BOOL FileTimeToLocalFileTime(FILETIME const* utc, FILETIME* local);
+TESSIK_API BOOL LocalFileTimeToFileTime(FILETIME const* local, FILETIME* utc);
+// Milliseconds of the monotonic clock, low 32 bits; <tessik/headless_time.h> can replace it.
+TESSIK_API DWORD GetTickCount();
+// ---- end time ----
+
+// ---- Runtime ----
+#include <cstddef>
+
+// The Windows C runtime's _memicmp and rand, which do not exist (or differ) elsewhere. The
+// library calls rand as msvcrt_rand so that it never reaches the C library's own generator.
+
+// ASCII letters compared as lower case, whatever the locale; the sign is that of the first
+// differing folded byte pair, compared unsigned. 0x7FFFFFFF when a pointer is null and n > 0.
+TESSIK_API int _memicmp(void const* a, void const* b, std::size_t n);
+// state = state * 214013 + 2531011, result (state >> 16) & 0x7FFF; each thread starts at 1.
+TESSIK_API int msvcrt_rand();
+TESSIK_API void msvcrt_srand(unsigned seed);
+// ---- end runtime ----
 
 #endif
 

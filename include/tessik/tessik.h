@@ -11,4 +11,10 @@
 #include <tessik/DName.h>
 #include <tessik/FileOper.h>
 
+#include <tessik/Controls.h>
+
+#include <tessik/DFile.h>
+#include <tessik/DFileLoad.h>
+#include <tessik/DirectoryListingSpec.h>
+
 #endif

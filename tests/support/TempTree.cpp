@@ -106,4 +106,16 @@ void TempTree::SetMode(std::string const& relative, unsigned mode) const {
     ASSERT_EQ(chmod(Path(relative).c_str(), mode), 0);
 }
 
-bool PermissionsApply() { return geteuid() != 0; }
+PermissionsApply::PermissionsApply() : active(geteuid() != 0), switched(false) {
+    if (!active && setegid(65534) == 0) {
+        switched = seteuid(65534) == 0;
+        if (!switched && setegid(0) != 0)
+            ADD_FAILURE() << "cannot restore the group";
+        active = switched;
+    }
+}
+
+PermissionsApply::~PermissionsApply() {
+    if (switched && (seteuid(0) != 0 || setegid(0) != 0))
+        ADD_FAILURE() << "cannot restore the user";
+}

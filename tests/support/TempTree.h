@@ -33,8 +33,20 @@ private:
     bool hadTz;
 };
 
-// Whether the process can bypass file permissions (root does), so a test of an unreadable
-// directory knows whether its setup can work.
-bool PermissionsApply();
+// While it lives, file permissions apply to the process: a process running as root takes the
+// effective user and group "nobody" (65534) and gets its own back at the end. Active() is false
+// when neither works, and a test of unreadable entries then has nothing to test.
+class PermissionsApply {
+public:
+    PermissionsApply();
+    ~PermissionsApply();
+    PermissionsApply(PermissionsApply const&) = delete;
+    PermissionsApply& operator=(PermissionsApply const&) = delete;
+    bool Active() const { return active; }
+
+private:
+    bool active;
+    bool switched;
+};
 
 #endif

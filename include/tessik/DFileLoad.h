@@ -1,0 +1,150 @@
+// DFileLoad: the listing object.
+//
+// One object is at once an ordered list of DFile records (`files`), a directory cursor, a search
+// engine with its tallies, the holder of the controls that show a search, and the state of the
+// browse dialogs. All fields are public.
+#ifndef TESSIK_DFILELOAD_H
+#define TESSIK_DFILELOAD_H
+
+#include <tessik/Container.h>
+#include <tessik/DFile.h>
+#include <tessik/DName.h>
+#include <tessik/DirectoryListingSpec.h>
+#include <tessik/Link.h>
+#include <tessik/export.h>
+#include <tessik/platform.h>
+
+#include <cstdint>
+
+class DProgressBar;
+class DText;
+class DStatusWnd;
+class DListControl;
+
+class TESSIK_API DFileLoad {
+public:
+    bool browseIsDir;
+    Container<DFile> files;
+    HANDLE findHandle; // the open enumeration; null while the cursor is closed
+    DWORD openFileFlags;
+    DWORD browseDirFlags;
+    DWORD browseFilterIndex;
+    DirectoryListingSpec spec;
+    DFile foundFile;
+    DName workPath;
+    DName storedDir;
+    DName browseDir;
+    DName browseTitle;
+    DName browseFilter;
+    Container<DName> browseNames;
+    Container<DName> searchTerms;
+    DWORD totalSearched;
+    DWORD totalMatches;
+    DWORD totalSearchMilliseconds;
+    DWORD totalSearchDirs;
+    std::uint64_t totalMatchesSize;
+    bool countOnly;
+    bool analysis;
+    DWORD totalArchive;
+    DWORD totalCompressed;
+    DWORD totalNormal;
+    DWORD totalDirectory;
+    DWORD totalHidden;
+    DWORD totalEncrypted;
+    DWORD totalSystem;
+    DWORD totalTemporary;
+    DWORD totalReadOnly;
+    std::uint64_t totalArchiveSize;
+    std::uint64_t totalCompressedSize;
+    std::uint64_t totalNormalSize;
+    std::uint64_t totalDirectorySize;
+    std::uint64_t totalHiddenSize;
+    std::uint64_t totalEncryptedSize;
+    std::uint64_t totalSystemSize;
+    std::uint64_t totalTemporarySize;
+    std::uint64_t totalReadOnlySize;
+    std::uint64_t totalSearchedSize;
+    bool abortRequested;
+    bool searching;
+    DProgressBar* progressBar;
+    DText* percentText;
+    DStatusWnd* statusWnd;
+    DListControl* listControl;
+
+    // ---- The object and its list ----------------------------------------------------------
+    DFileLoad();
+    ~DFileLoad();
+    DFileLoad(DFileLoad const&) = delete;
+    DFileLoad& operator=(DFileLoad const&) = delete;
+
+    void ResetBrowse();
+    void SetupControls(DProgressBar const* progressBar, DText const* percentText,
+                       DStatusWnd const* statusWnd, DListControl const* listControl);
+    void Destroy(); // empties the listing and closes the cursor; tallies stay
+
+    bool isOpen() const;
+    bool isEmpty() const;
+    bool operator!() const;
+    unsigned const& Size() const;
+    void* const& GetHandle() const;
+    DFile const& GetFoundFile() const;
+    DFile& operator[](unsigned const& index) const;
+    DFile const& GetPos(unsigned const& index) const;
+    DFile* operator()(unsigned const& index) const;
+    bool operator++(); // steps the cursor
+    void operator--(); // closes the cursor
+
+    bool InsertLeft(DFile const& file);
+    bool InsertRight(DFile const& file);
+    bool InsertPos(DFile const& file, unsigned const& pos);
+    bool InsertLeft(WIN32_FIND_DATAA const& data);
+    bool InsertRight(WIN32_FIND_DATAA const& data);
+    bool DelLeft();
+    bool DelRight();
+    bool DelPos(unsigned const& pos);
+
+    // ---- Directory cursor and path tests --------------------------------------------------
+    bool OpenDirListing(DirectoryListingSpec const& spec, DName const& dir, unsigned const& index);
+    bool NextDirListing();
+    void CloseDirListing();
+    bool ChangeDir(DName const& path) const;
+    DName GetDir() const;
+    void StoreCurrentDir(DName const& dir);
+    bool RestoreDir() const;
+    bool isDir(DName const& path) const;
+    bool isFile(DName const& path) const;
+    bool isDir(WIN32_FIND_DATAA const& data) const;
+    bool isSubDir(DName const& a, DName const& b) const;
+    bool isDots(WIN32_FIND_DATAA const& data) const;
+    bool isNotDots(WIN32_FIND_DATAA const& data) const;
+
+    // ---- Match filter ---------------------------------------------------------------------
+    // Whether an entry passes every test of `spec`: name, size, attributes, dates, and last the
+    // content, for the terms in `searchTerms` (filled only while a search runs).
+    bool IsFileSpec(DirectoryListingSpec const& spec, WIN32_FIND_DATAA const& data);
+    bool IsFileSpec(DirectoryListingSpec const& spec, DFile const& file);
+
+    // ---- Search ---------------------------------------------------------------------------
+    // Breadth first over the directories of `spec` (the root of the current drive when there
+    // are none), appending every match to `files`. False when stopped or out of memory.
+    bool LoadAllDirListings(DirectoryListingSpec const& spec, bool recursive);
+    bool LoadDirListing(DirectoryListingSpec const& spec);
+    bool LoadDirSubDirs(DirectoryListingSpec const& spec, bool recursive);
+    bool LoadDirFiles(DirectoryListingSpec const& spec, bool recursive);
+    DWORD const& GetTotalDirListings(DirectoryListingSpec const& spec, bool recursive);
+    DWORD const& GetTotalAnalysis(DirectoryListingSpec const& spec, bool recursive);
+    bool isDirEmpty(DirectoryListingSpec const& spec, DName const& dir);
+
+private:
+    enum class SearchStep { Done, Stopped, OutOfMemory };
+    SearchStep SearchDirectory(DirectoryListingSpec const& work, bool recursive,
+                               Container<DName>& queue);
+    bool ContainsTerms(DirectoryListingSpec const& spec, DFile const& file);
+    bool FindContaining(char const* buffer, unsigned int const& length,
+                        DirectoryListingSpec const& spec, Link<bool>& found);
+    void MakeSearchTerms(DirectoryListingSpec& work);
+    void ClearAnalysis();
+    void AddToAnalysis(DFile const& file);
+};
+
+#endif

@@ -1,0 +1,121 @@
+// The directory cursor: one directory's entries, one at a time, in `foundFile`.
+//
+// The cursor makes its directory the process's current directory and enumerates "*.*" there;
+// "." and ".." never come out.
+#include <tessik/DFileLoad.h>
+
+#include <cstdlib>
+
+bool DFileLoad::OpenDirListing(DirectoryListingSpec const& searchSpec, DName const& dir,
+                               unsigned const& index) {
+    CloseDirListing();
+    bool const chosen = !dir.isEmpty() || searchSpec.directories.count != 0;
+    if (!dir.isEmpty()) {
+        workPath = dir;
+    } else if (searchSpec.directories.count != 0) {
+        unsigned const last = searchSpec.directories.count - 1;
+        workPath = searchSpec.directories[index < last ? index : last];
+    } else {
+        workPath.Destroy();
+    }
+    if (chosen && !ChangeDir(workPath))
+        return false;
+
+    WIN32_FIND_DATAA data = {};
+    HANDLE const find = FindFirstFileA("*.*", &data);
+    if (find == INVALID_HANDLE_VALUE)
+        return false;
+    findHandle = find;
+    if (!workPath)
+        workPath = GetDir();
+    spec = searchSpec;
+    if (foundFile.isDots(data))
+        return NextDirListing();
+    foundFile.Copy(data, workPath);
+    return true;
+}
+
+bool DFileLoad::NextDirListing() {
+    if (!isOpen())
+        return false;
+    WIN32_FIND_DATAA data;
+    do {
+        data = {};
+        if (!FindNextFileA(findHandle, &data))
+            return false;
+    } while (foundFile.isDots(data));
+    foundFile.Copy(data, workPath);
+    return true;
+}
+
+void DFileLoad::CloseDirListing() {
+    if (!isOpen())
+        return;
+    FindClose(findHandle);
+    findHandle = nullptr;
+}
+
+bool DFileLoad::ChangeDir(DName const& path) const {
+    if (path.isEmpty())
+        return false;
+    DName const before = GetDir();
+    if (SetCurrentDirectoryA(&path))
+        return true;
+    return GetDir() != before;
+}
+
+DName DFileLoad::GetDir() const {
+    DWORD const needed = GetCurrentDirectoryA(0, nullptr);
+    if (needed == 0)
+        return DName();
+    char* buffer = static_cast<char*>(std::malloc(needed + 1));
+    if (!buffer)
+        return DName();
+    DName dir;
+    if (GetCurrentDirectoryA(needed, buffer) != 0)
+        dir = buffer;
+    std::free(buffer);
+    return dir;
+}
+
+void DFileLoad::StoreCurrentDir(DName const& dir) {
+    if (!dir)
+        storedDir = GetDir();
+    else
+        storedDir = dir;
+}
+
+bool DFileLoad::RestoreDir() const {
+    return !storedDir.isEmpty() && ChangeDir(storedDir);
+}
+
+bool DFileLoad::isDir(DName const& path) const {
+    if (path.isEmpty())
+        return false;
+    DWORD const attributes = GetFileAttributesA(&path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & 0x10);
+}
+
+bool DFileLoad::isFile(DName const& path) const {
+    return !isDir(path);
+}
+
+bool DFileLoad::isDir(WIN32_FIND_DATAA const& data) const {
+    return data.dwFileAttributes & 0x10;
+}
+
+bool DFileLoad::isSubDir(DName const& a, DName const& b) const {
+    DName restA(a), restB(b), driveA, driveB;
+    restA.RemDrive(driveA);
+    restB.RemDrive(driveB);
+    if (!driveA.isEmpty() && !driveB.isEmpty() && driveA != driveB)
+        return false;
+    return restA == restB;
+}
+
+bool DFileLoad::isDots(WIN32_FIND_DATAA const& data) const {
+    return foundFile.isDots(data);
+}
+bool DFileLoad::isNotDots(WIN32_FIND_DATAA const& data) const {
+    return !isDots(data);
+}

@@ -1,0 +1,145 @@
+#include "support/TempTree.h"
+
+#include <tessik/tessik.h>
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+namespace {
+
+// Every entry of a directory by name, with its find record.
+std::map<std::string, WIN32_FIND_DATAA> Enumerate(std::string const& pattern) {
+    std::map<std::string, WIN32_FIND_DATAA> entries;
+    WIN32_FIND_DATAA data;
+    HANDLE find = FindFirstFileA(pattern.c_str(), &data);
+    if (find == INVALID_HANDLE_VALUE)
+        return entries;
+    do
+        entries[data.cFileName] = data;
+    while (FindNextFileA(find, &data));
+    FindClose(find);
+    return entries;
+}
+
+} // namespace
+
+TEST(PlatformFind, AttributesOfEveryKindOfEntry) {
+    TempTree tree;
+    tree.MakeFile("plain", "abc");
+    tree.MakeFile(".hidden");
+    tree.MakeFile("locked");
+    tree.SetMode("locked", 0444);
+    tree.MakeDir("dir");
+    ASSERT_EQ(symlink(tree.Path("dir").c_str(), tree.Path("link").c_str()), 0);
+    ASSERT_EQ(mkfifo(tree.Path("fifo").c_str(), 0644), 0);
+    tree.MakeFile("caf\xc3\xa9 \xff", "x");
+
+    auto entries = Enumerate(tree.WinPath("*.*"));
+    ASSERT_EQ(entries.size(), 9u); // with "." and ".."
+    EXPECT_EQ(entries["plain"].dwFileAttributes, 0x20u);
+    EXPECT_EQ(entries["plain"].nFileSizeLow, 3u);
+    EXPECT_EQ(entries[".hidden"].dwFileAttributes, 0x22u);
+    EXPECT_EQ(entries["locked"].dwFileAttributes, 0x21u);
+    EXPECT_EQ(entries["dir"].dwFileAttributes, 0x10u);
+    EXPECT_EQ(entries["link"].dwFileAttributes, 0x400u); // never a directory
+    EXPECT_EQ(entries["fifo"].dwFileAttributes, 0x4u);
+    EXPECT_EQ(entries["fifo"].nFileSizeLow, 0u);
+    EXPECT_EQ(entries["caf\xc3\xa9 \xff"].nFileSizeLow, 1u);
+    EXPECT_EQ(entries["."].dwFileAttributes & 0x12, 0x10u);
+    EXPECT_EQ(entries["plain"].cAlternateFileName[0], 0);
+}
+
+TEST(PlatformFind, SocketsAndDevicesAreSystemEntries) {
+    TempTree tree;
+    int fd = socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_GE(fd, 0);
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    std::string const path = tree.Path("sock");
+    ASSERT_LT(path.size(), sizeof address.sun_path);
+    path.copy(address.sun_path, path.size());
+    ASSERT_EQ(bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+    EXPECT_EQ(GetFileAttributesA(tree.WinPath("sock").c_str()), 0x4u);
+    close(fd);
+    EXPECT_EQ(GetFileAttributesA("Z:\\dev\\null") & 0x4, 0x4u);
+}
+
+TEST(PlatformFind, PatternsMatchWithoutRegardToCase) {
+    TempTree tree;
+    tree.MakeFile("Report.TXT");
+    tree.MakeFile("notes.txt");
+    tree.MakeFile("image.png");
+    tree.MakeFile("README");
+    EXPECT_EQ(Enumerate(tree.WinPath("*.txt")).size(), 2u);
+    EXPECT_EQ(Enumerate(tree.Path("r*")).size(), 2u); // forward slashes work too
+    EXPECT_EQ(Enumerate(tree.WinPath("?????.png")).size(), 1u);
+    EXPECT_EQ(Enumerate(tree.WinPath("*.zip")).size(), 0u);
+    // Without wildcards: that one entry.
+    auto one = Enumerate(tree.WinPath("notes.txt"));
+    ASSERT_EQ(one.size(), 1u);
+    EXPECT_EQ(one.begin()->first, "notes.txt");
+}
+
+TEST(PlatformFind, OnlyDriveZExists) {
+    TempTree tree;
+    tree.MakeFile("f");
+    std::string const lower = "z:" + tree.Path("f");
+    EXPECT_NE(GetFileAttributesA(lower.c_str()), INVALID_FILE_ATTRIBUTES);
+    std::string const other = "C:" + tree.Path("f");
+    EXPECT_EQ(GetFileAttributesA(other.c_str()), INVALID_FILE_ATTRIBUTES);
+    WIN32_FIND_DATAA data;
+    EXPECT_EQ(FindFirstFileA(("C:" + tree.Path("*.*")).c_str(), &data), INVALID_HANDLE_VALUE);
+    EXPECT_EQ(FindFirstFileA("", &data), INVALID_HANDLE_VALUE);
+    EXPECT_EQ(FindFirstFileA(tree.WinPath("missing\\*.*").c_str(), &data), INVALID_HANDLE_VALUE);
+    EXPECT_FALSE(FindNextFileA(nullptr, &data));
+    EXPECT_FALSE(FindClose(INVALID_HANDLE_VALUE));
+    EXPECT_FALSE(SetCurrentDirectoryA("C:\\"));
+    EXPECT_EQ(GetFileAttributesA(""), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST(PlatformFind, CurrentDirectoryAsAWindowsPath) {
+    TempTree tree;
+    ASSERT_TRUE(SetCurrentDirectoryA(tree.WinPath().c_str()));
+    std::string const expected = tree.WinPath();
+    DWORD const needed = GetCurrentDirectoryA(0, nullptr);
+    EXPECT_EQ(needed, expected.size() + 1);
+    char small[4];
+    EXPECT_EQ(GetCurrentDirectoryA(sizeof small, small), needed);
+    std::string buffer(needed, 'x');
+    EXPECT_EQ(GetCurrentDirectoryA(needed, buffer.data()), needed - 1);
+    EXPECT_STREQ(buffer.c_str(), expected.c_str());
+
+    ASSERT_TRUE(SetCurrentDirectoryA("Z:\\"));
+    char root[8];
+    EXPECT_EQ(GetCurrentDirectoryA(sizeof root, root), 3u);
+    EXPECT_STREQ(root, "Z:\\");
+}
+
+TEST(PlatformFind, HugeSparseFileSplitsItsSize) {
+    TempTree tree;
+    tree.MakeSparseFile("big", (5ull << 32) + 7);
+    auto entries = Enumerate(tree.WinPath("big"));
+    ASSERT_EQ(entries.size(), 1u);
+    EXPECT_EQ(entries["big"].nFileSizeHigh, 5u);
+    EXPECT_EQ(entries["big"].nFileSizeLow, 7u);
+}
+
+TEST(PlatformFind, UnreadableDirectoryFailsToOpen) {
+    TempTree tree;
+    tree.SetMode("", 0755);
+    tree.MakeDir("closed");
+    tree.MakeFile("closed/inside");
+    tree.SetMode("closed", 0);
+    PermissionsApply permissions;
+    if (!permissions.Active())
+        GTEST_SKIP() << "permissions cannot be made to apply";
+    WIN32_FIND_DATAA data;
+    EXPECT_EQ(FindFirstFileA(tree.WinPath("closed\\*.*").c_str(), &data), INVALID_HANDLE_VALUE);
+    EXPECT_NE(GetFileAttributesA(tree.WinPath("closed").c_str()), INVALID_FILE_ATTRIBUTES);
+}
