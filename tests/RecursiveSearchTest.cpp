@@ -1,0 +1,278 @@
+#include "support/TempTree.h"
+
+#include <tessik/tessik.h>
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <set>
+#include <string>
+#include <sys/stat.h>
+#include <vector>
+
+namespace {
+
+std::vector<std::string> Paths(DFileLoad const& load) {
+    std::vector<std::string> paths;
+    for (DFile const* file = load.files.head; file; file = file->next)
+        paths.push_back(&file->GetFullPath());
+    return paths;
+}
+
+std::set<std::string> PathSet(DFileLoad const& load) {
+    auto const paths = Paths(load);
+    return std::set<std::string>(paths.begin(), paths.end());
+}
+
+DirectoryListingSpec In(TempTree const& tree, std::string const& dir, char const* pattern = "*.*") {
+    return DirectoryListingSpec(DName(pattern), DName(tree.WinPath(dir).c_str()));
+}
+
+} // namespace
+
+TEST(RecursiveSearch, SameFilesAsAWalkOfTheTree) {
+    TempTree tree;
+    tree.MakeDir("t");
+    for (int d = 0; d < 4; ++d) {
+        std::string dir = "t/d" + std::to_string(d);
+        tree.MakeDir(dir);
+        tree.MakeDir(dir + "/inner");
+        for (int f = 0; f < 6; ++f) {
+            std::string const ext = f % 2 ? ".txt" : ".log";
+            tree.MakeFile(dir + "/f" + std::to_string(f) + ext, std::string(f * 10, 'x'));
+            tree.MakeFile(dir + "/inner/g" + std::to_string(f) + ext, std::string(f * 7, 'y'));
+        }
+    }
+    DirectoryListingSpec spec = In(tree, "t", "*.txt");
+    spec.sizeTest = 6;
+    spec.size = 10;
+    spec.sizeUpper = 35;
+    DFileLoad load;
+    ASSERT_TRUE(load.LoadAllDirListings(spec, true));
+
+    std::set<std::string> expected;
+    for (auto const& entry : std::filesystem::recursive_directory_iterator(tree.Path("t"))) {
+        if (!entry.is_regular_file() || entry.path().extension() != ".txt")
+            continue;
+        auto const size = entry.file_size();
+        if (size >= 10 && size <= 35)
+            expected.insert("Z:" + entry.path().string());
+    }
+    std::set<std::string> found;
+    for (std::string path : Paths(load)) {
+        for (char& c : path)
+            if (c == '\\')
+                c = '/';
+        found.insert(path);
+    }
+    EXPECT_EQ(found, expected);
+    EXPECT_EQ(load.totalSearched, 4u + 4 * (1 + 6 + 6));
+    EXPECT_EQ(load.totalMatches, expected.size());
+    EXPECT_EQ(load.totalSearchDirs, 1u + 8);
+}
+
+TEST(RecursiveSearch, BreadthFirstAcrossTrees) {
+    TempTree tree;
+    for (char const* dir : {"a", "a/deep", "a/deep/deeper", "b", "b/inner"})
+        tree.MakeDir(dir);
+    tree.MakeFile("a/deep/deeper/last");
+    DirectoryListingSpec spec("*.*");
+    spec.directories.InsertRight(DName(tree.WinPath("a").c_str()));
+    spec.directories.InsertRight(DName(tree.WinPath("b").c_str()));
+    DFileLoad load;
+    ASSERT_TRUE(load.LoadAllDirListings(spec, true));
+    std::vector<std::string> const expected = {tree.WinPath("a\\deep"), tree.WinPath("b\\inner"),
+                                               tree.WinPath("a\\deep\\deeper"),
+                                               tree.WinPath("a\\deep\\deeper\\last")};
+    EXPECT_EQ(Paths(load), expected);
+    // The cursor stays open on the last directory, which is still the current one.
+    EXPECT_TRUE(load.isOpen());
+    EXPECT_STREQ(&load.GetDir(), tree.WinPath("a\\deep\\deeper").c_str());
+}
+
+TEST(RecursiveSearch, OneDirectoryAndItsTallies) {
+    TempTree tree;
+    tree.MakeDir("d");
+    tree.MakeFile("d/one", "1");
+    tree.MakeFile("d/two", "22");
+    for (char const* sub : {"d/s1", "d/s2", "d/s3"})
+        tree.MakeDir(sub);
+    tree.MakeFile("d/s1/below");
+    DFileLoad load;
+    DirectoryListingSpec const spec = In(tree, "d");
+    ASSERT_TRUE(load.LoadDirListing(spec));
+    EXPECT_EQ(load.Size(), 5u);
+    EXPECT_EQ(load.totalSearched, 5u);
+    EXPECT_EQ(load.totalMatches, 5u);
+    EXPECT_EQ(load.totalSearchDirs, 4u);
+    EXPECT_EQ(load.totalMatchesSize, 3u);
+    ASSERT_TRUE(load.LoadDirListing(spec));
+    EXPECT_EQ(load.Size(), 10u);
+    EXPECT_EQ(load.totalMatches, 5u);
+
+    EXPECT_EQ(load.GetTotalDirListings(spec, true), 6u);
+    EXPECT_EQ(load.Size(), 10u);
+    EXPECT_FALSE(load.countOnly);
+
+    DFileLoad only;
+    ASSERT_TRUE(only.LoadDirFiles(DirectoryListingSpec(), false)); // the drive's root
+    EXPECT_GT(only.Size(), 0u);
+    for (DFile const* file = only.files.head; file; file = file->next)
+        EXPECT_TRUE(file->isDir()) << &file->GetFullPath();
+    DFileLoad dirs;
+    DirectoryListingSpec subdirs = In(tree, "d");
+    subdirs.attributes = 0x10;
+    subdirs.attributeTest = 2;
+    ASSERT_TRUE(dirs.LoadDirFiles(subdirs, false));
+    EXPECT_EQ(dirs.Size(), 3u);
+    ASSERT_TRUE(dirs.LoadDirSubDirs(In(tree, "d"), false)); // test 0: every entry
+    EXPECT_EQ(dirs.Size(), 3u + 5u);
+}
+
+TEST(RecursiveSearch, OverlappingAndRepeatedDirectories) {
+    TempTree tree;
+    for (char const* dir : {"data", "data/old", "database"})
+        tree.MakeDir(dir);
+    tree.MakeFile("data/in-data");
+    tree.MakeFile("data/old/in-old");
+    tree.MakeFile("database/in-database");
+
+    auto run = [&](std::vector<std::string> const& dirs) {
+        DirectoryListingSpec spec("*.*");
+        for (auto const& dir : dirs)
+            spec.directories.InsertRight(DName(dir.c_str()));
+        DFileLoad load;
+        EXPECT_TRUE(load.LoadAllDirListings(spec, false));
+        return PathSet(load);
+    };
+    std::string const data = tree.WinPath("data");
+    std::string const upperOld = tree.WinPath() + "\\DATA\\old";
+    EXPECT_EQ(run({data, upperOld}), (std::set<std::string>{data + "\\in-data", data + "\\old"}));
+    EXPECT_EQ(run({data, tree.WinPath("database")}).count(tree.WinPath("database\\in-database")),
+              0u);
+    EXPECT_EQ(run({data, data}).size(), 2u); // searched once
+    EXPECT_TRUE(run({"", data}).empty());    // an empty name is a prefix of every name
+
+    // Which names survive depends on the order of removals: here one that begins with a
+    // shorter name is passed over and stays.
+    for (char const* dir : {"bA", "aA", "Aa", "baA"})
+        tree.MakeDir(dir);
+    tree.MakeFile("aA/kept");
+    tree.MakeFile("baA/dropped");
+    auto const survivors = run({tree.WinPath("bA"), tree.WinPath("aA"), tree.WinPath("Aa"),
+                                tree.WinPath("baA"), tree.WinPath()});
+    EXPECT_EQ(survivors.count(tree.WinPath("aA\\kept")), 1u);
+    EXPECT_EQ(survivors.count(tree.WinPath("baA")), 1u); // an entry of the root
+    EXPECT_EQ(survivors.count(tree.WinPath("baA\\dropped")), 0u);
+
+    DFileLoad load;
+    load.totalSearchMilliseconds = 1234;
+    DirectoryListingSpec onlyEmpty("*.*");
+    onlyEmpty.directories.InsertRight(DName(""));
+    EXPECT_TRUE(load.LoadAllDirListings(onlyEmpty, true));
+    EXPECT_EQ(load.Size(), 0u);
+    EXPECT_EQ(load.totalSearchMilliseconds, 1234u);
+    EXPECT_EQ(load.totalSearchDirs, 1u);
+}
+
+TEST(RecursiveSearch, PatternsCollapseToAll) {
+    TempTree tree;
+    tree.MakeFile("a.txt");
+    tree.MakeFile("b.bin");
+    DirectoryListingSpec spec("*.txt");
+    spec.namePatterns.InsertRight(DName("*.*"));
+    spec.directories.InsertRight(DName(tree.WinPath().c_str()));
+    DFileLoad load;
+    ASSERT_TRUE(load.LoadDirListing(spec));
+    EXPECT_EQ(load.Size(), 2u);
+    ASSERT_EQ(load.spec.namePatterns.count, 1u);
+    EXPECT_STREQ(&load.spec.namePatterns[0], "*.*");
+}
+
+TEST(RecursiveSearch, TextIsSplitIntoTerms) {
+    TempTree tree;
+    tree.MakeFile("phrase", "xx b c xx");
+    tree.MakeFile("split", "xx b xx c");
+    tree.MakeFile("first", "a");
+    tree.MakeFile("empty", "");
+    auto run = [&](char const* text, BYTE mode) {
+        DirectoryListingSpec spec = In(tree, "");
+        spec.textToFind = text;
+        spec.containingMode = mode;
+        DFileLoad load;
+        EXPECT_TRUE(load.LoadDirListing(spec));
+        EXPECT_EQ(load.searchTerms.count, 0u); // emptied at the end
+        std::set<std::string> names;
+        for (DFile const* file = load.files.head; file; file = file->next)
+            names.insert(&file->GetFileName());
+        return std::make_pair(names, load.spec.containingMode);
+    };
+    using Names = std::set<std::string>;
+    EXPECT_EQ(run("a \"b c\" d", 2).first, (Names{"phrase", "first"}));
+    EXPECT_EQ(run("a \"b c\" d", 4).first, Names{});
+    EXPECT_EQ(run("\"b c\" xx", 4).first, Names{"phrase"});
+    EXPECT_EQ(run("q \"c", 2).first, (Names{"phrase", "split"})); // the open quote is closed
+    auto const emptyTerm = run("\"\"", 2);                        // one empty term
+    EXPECT_EQ(emptyTerm.first, (Names{"phrase", "split", "first"}));
+    EXPECT_EQ(emptyTerm.second, 1);
+    auto const noText = run("", 4);
+    EXPECT_EQ(noText.first.size(), 4u);
+    EXPECT_EQ(noText.second, 0);
+    auto const oneWord = run("  c  ", 12); // one word: searched as that word, case ignored
+    EXPECT_EQ(oneWord.first, (Names{"phrase", "split"}));
+    EXPECT_EQ(oneWord.second, 9);
+    EXPECT_EQ(run("b c", 1).first, Names{"phrase"}); // the whole text, blanks and all
+}
+
+TEST(RecursiveSearch, SpecialEntriesAndUnreadableDirectories) {
+    TempTree tree;
+    tree.SetMode("", 0755);
+    tree.MakeDir("t");
+    tree.MakeFile("t/hit", "needle");
+    ASSERT_EQ(mkfifo(tree.Path("t/fifo").c_str(), 0644), 0);
+    tree.MakeDir("t/closed");
+    tree.MakeFile("t/closed/hidden-hit", "needle");
+    tree.SetMode("t/closed", 0);
+    DirectoryListingSpec spec = In(tree, "t");
+    spec.textToFind = "needle";
+    spec.containingMode = 1;
+    PermissionsApply permissions;
+    DFileLoad load;
+    ASSERT_TRUE(load.LoadAllDirListings(spec, true));
+    std::set<std::string> expected = {tree.WinPath("t\\hit")};
+    if (!permissions.Active())
+        expected.insert(tree.WinPath("t\\closed\\hidden-hit"));
+    EXPECT_EQ(PathSet(load), expected);
+}
+
+TEST(RecursiveSearch, SizesOver4GiB) {
+    TempTree tree;
+    tree.MakeSparseFile("huge", (1ull << 32) + 10);
+    tree.MakeFile("small", "123");
+    DirectoryListingSpec spec = In(tree, "");
+    spec.sizeTest = 4;
+    spec.size = 5; // the low half of the huge file's size is 10
+    DFileLoad load;
+    ASSERT_TRUE(load.LoadDirListing(spec));
+    EXPECT_EQ(Paths(load), std::vector<std::string>{tree.WinPath("huge")});
+    EXPECT_EQ(load.totalSearchedSize, (1ull << 32) + 13);
+    EXPECT_EQ(load.totalMatchesSize, (1ull << 32) + 10);
+    EXPECT_EQ(load[0].GetFileSize64(), (1ull << 32) + 10);
+}
+
+TEST(RecursiveSearch, DeepTreeAndEmptyDirectories) {
+    TempTree tree;
+    std::string path = "t";
+    tree.MakeDir(path);
+    for (int level = 0; level < 1000; ++level) {
+        path += "/d";
+        tree.MakeDir(path);
+    }
+    DFileLoad load;
+    ASSERT_TRUE(load.LoadAllDirListings(In(tree, "t"), true));
+    EXPECT_EQ(load.Size(), 1000u);
+    EXPECT_TRUE(load.isDirEmpty(DirectoryListingSpec("*.*"), DName(tree.WinPath(path).c_str())));
+    EXPECT_TRUE(load.isDirEmpty(DirectoryListingSpec("*.*"), DName(tree.WinPath("none").c_str())));
+    EXPECT_FALSE(load.isDirEmpty(DirectoryListingSpec("*.*"), DName(tree.WinPath("t").c_str())));
+    EXPECT_TRUE(load.isDirEmpty(DirectoryListingSpec("*.zip"), DName(tree.WinPath("t").c_str())));
+}
