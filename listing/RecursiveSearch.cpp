@@ -110,8 +110,9 @@ bool DFileLoad::LoadAllDirListings(DirectoryListingSpec const& criteria, bool re
     while (queue.count != 0) {
         feedback.Directory(*queue.head);
         if (OpenDirListing(work, *queue.head, 0)) {
-            SearchStep const outcome =
-                abortRequested ? SearchStep::Stopped : SearchDirectory(work, recursive, queue);
+            SearchStep const outcome = abortRequested
+                                           ? SearchStep::Stopped
+                                           : SearchDirectory(work, recursive, queue, feedback);
             if (outcome != SearchStep::Done) {
                 feedback.Message(outcome == SearchStep::Stopped ? "Stopped processing folders."
                                                                 : "Insufficient memory.");
@@ -123,7 +124,7 @@ bool DFileLoad::LoadAllDirListings(DirectoryListingSpec const& criteria, bool re
         queue.DelLeft();
     }
 
-    // Rows still to draw, and what the feedback prepared, are dealt with here.
+    feedback.Close();
     searchTerms.Destroy();
     abortRequested = false;
     searching = false;
@@ -132,10 +133,13 @@ bool DFileLoad::LoadAllDirListings(DirectoryListingSpec const& criteria, bool re
 }
 
 DFileLoad::SearchStep DFileLoad::SearchDirectory(DirectoryListingSpec const& work, bool recursive,
-                                                 Container<DName>& queue) {
+                                                 Container<DName>& queue,
+                                                 SearchFeedback& feedback) {
     do {
+        feedback.Entry();
         ++totalSearched;
         totalSearchedSize += foundFile.GetFileSize64();
+        feedback.Progress();
         if (IsFileSpec(work, foundFile)) {
             if (!countOnly && !files.InsertRight(foundFile))
                 return SearchStep::OutOfMemory;
@@ -144,6 +148,7 @@ DFileLoad::SearchStep DFileLoad::SearchDirectory(DirectoryListingSpec const& wor
             ++totalMatches;
             totalMatchesSize += foundFile.GetFileSize64();
         }
+        feedback.Rows();
         if (foundFile.isDir() && !foundFile.isDots()) {
             ++totalSearchDirs; // whether or not it passed, and also when not recursive
             if (recursive && !queue.InsertRight(foundFile.GetFullPath()))

@@ -16,6 +16,14 @@ void SearchFeedback::Directory(DName const& dir) {
         load.statusWnd->SetText(dir);
 }
 
+void SearchFeedback::Entry() {}
+
+void SearchFeedback::Progress() {}
+
+void SearchFeedback::Rows() {}
+
+void SearchFeedback::Close() {}
+
 void SearchFeedback::Message(char const* text) {
     if (load.statusWnd)
         load.statusWnd->SetText(DName(text));

@@ -12,8 +12,12 @@ public:
 
     void Setup();                     // the run starts: the list is emptied
     void Directory(DName const& dir); // the run turns to `dir`
+    void Entry();                     // an entry arrives, before it is counted
+    void Progress();                  // the entry has been counted
+    void Rows();                      // the entry has been through the filter
     void Message(char const* text);   // a text for the status window
-    void Finish(bool succeeded);      // the run ends
+    void Close();                     // the run is over: last rows, give back what Setup took
+    void Finish(bool succeeded);      // the bar back to 0, the closing status text
 
 private:
     DFileLoad& load;

@@ -13,6 +13,8 @@
 
 #include <cstdint>
 
+class FileOper;
+
 class TESSIK_API DFile {
 public:
     bool dataEncrypted;
@@ -140,6 +142,26 @@ public:
     // Local time, 12-hour clock; dates that are not valid show the fallback date.
     DName FormatDate(FILETIME const& date) const;          // "Mar 9, 2004  1:05:07 PM"
     DName FormatNumericalDate(FILETIME const& date) const; // "3/09/2004 1:05:07 PM"
+
+    // Text forms. FormatAttributes shows `value`, or the record's attributes when `value` is
+    // negative: nine flag letters ("RDANSHCTE", "-" for a clear bit) or a list of words.
+    DName FormatAttributes(bool words, LONG const& value) const;
+    void ToString(DName& text, char separator) const; // one line, fields between separators
+    void FromString(DName& text, char separator);     // empties the record, fills it from a line
+    bool TextWrite(FileOper& file) const;             // the record's block of a text report
+
+    // Stream form. The path and numbers are scrambled in the stream with a key made anew for
+    // each write and stored ahead of them; in memory the record stays plain.
+    bool Write(FileOper& file);
+    bool Read(FileOper& file);
+    bool operator>>(FileOper& file); // Write
+    bool operator<<(FileOper& file); // Read
+    DWORD HeaderSize() const;        // key and path lengths plus 36
+    bool CreateHashKey(DName& key);
+    void IncWord(DWORD& word, DName const& key, unsigned int& position);
+    void DecWord(DWORD& word, DName const& key, unsigned int& position);
+    bool Encrypt();
+    bool Decrypt();
 
 private:
     void TakeEntry(WIN32_FIND_DATAA const& data);

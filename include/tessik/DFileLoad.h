@@ -16,10 +16,23 @@
 
 #include <cstdint>
 
+// Column numbers: one picks a column, a mask of them is a list control's report style.
+enum Column : unsigned int {
+    ColumnName = 1,
+    ColumnDrive = 2,
+    ColumnPath = 4,
+    ColumnSize = 8,
+    ColumnAttributes = 16,
+    ColumnCreated = 32,
+    ColumnAccessed = 64,
+    ColumnWritten = 128
+};
+
 class DProgressBar;
 class DText;
 class DStatusWnd;
 class DListControl;
+class SearchFeedback;
 
 class TESSIK_API DFileLoad {
 public:
@@ -74,8 +87,6 @@ public:
     // ---- The object and its list ----------------------------------------------------------
     DFileLoad();
     ~DFileLoad();
-    DFileLoad(DFileLoad const&) = delete;
-    DFileLoad& operator=(DFileLoad const&) = delete;
 
     void ResetBrowse();
     void SetupControls(DProgressBar const* progressBar, DText const* percentText,
@@ -135,10 +146,73 @@ public:
     DWORD const& GetTotalAnalysis(DirectoryListingSpec const& spec, bool recursive);
     bool isDirEmpty(DirectoryListingSpec const& spec, DName const& dir);
 
+    // ---- Tallies of the last run, and figures over `files` --------------------------------
+    DWORD const& GetTotalSearched() const;
+    DWORD const& GetTotalMatches() const;
+    DWORD const& GetTotalSearchMilliseconds() const;
+    DWORD const& GetTotalSearchDirs() const;
+    std::uint64_t const& GetTotalMatchesSize() const;
+    std::uint64_t const& GetTotalSearchedSize() const;
+    DWORD const& GetTotalSearchArchive() const;
+    DWORD const& GetTotalSearchCompressed() const;
+    DWORD const& GetTotalSearchNormal() const;
+    DWORD const& GetTotalSearchDirectory() const;
+    DWORD const& GetTotalSearchHidden() const;
+    DWORD const& GetTotalSearchEncrypted() const;
+    DWORD const& GetTotalSearchSystem() const;
+    DWORD const& GetTotalSearchTemporary() const;
+    DWORD const& GetTotalSearchReadOnly() const;
+    std::uint64_t const& GetTotalSearchArchiveSize() const;
+    std::uint64_t const& GetTotalSearchCompressedSize() const;
+    std::uint64_t const& GetTotalSearchNormalSize() const;
+    std::uint64_t const& GetTotalSearchDirectorySize() const;
+    std::uint64_t const& GetTotalSearchHiddenSize() const;
+    std::uint64_t const& GetTotalSearchEncryptedSize() const;
+    std::uint64_t const& GetTotalSearchSystemSize() const;
+    std::uint64_t const& GetTotalSearchTemporarySize() const;
+    std::uint64_t const& GetTotalSearchReadOnlySize() const;
+    DWORD GetTotalSearchFiles() const;
+    DWORD GetTotalDirs(DName const& dir) const;
+    DWORD GetTotalFiles() const;
+    DWORD GetTotalFileSizes() const;
+    DWORD GetTotalAllocationSizes() const;
+
+    // ---- Stopping a run -------------------------------------------------------------------
+    void SetAbort();
+    void ClearAbort();
+
+    // ---- Copies, comparisons by count, thinning -------------------------------------------
+    DFileLoad(DFileLoad const& other);
+    DFileLoad& operator=(DFileLoad const& other);
+    bool RemDirs();
+    bool RemFiles();
+    bool operator==(DFileLoad const& other) const;
+    bool operator!=(DFileLoad const& other) const;
+    bool operator==(unsigned const& n) const;
+    bool operator!=(unsigned const& n) const;
+    bool operator<(unsigned const& n) const;
+    bool operator>(unsigned const& n) const;
+    bool operator>=(unsigned const& n) const;
+    bool operator<=(unsigned const& n) const;
+
+    // ---- Columns and sorting --------------------------------------------------------------
+    DName GetColumn(unsigned int const& index, unsigned int const& column) const;
+    // Whether the record at `index` sorts after `other` in `column`, ascending.
+    bool CompareColumn(unsigned int const& index, DFile const& other,
+                       unsigned int const& column) const;
+    bool Sort(); // by path, directories first
+    void SortRecursive(int first, int last);
+    void SortRecursiveDirectory(int first, int last);
+    void SortAlpha(unsigned int const& column, bool descending);
+
+    // ---- Drawing into the list control ----------------------------------------------------
+    bool DrawFile(DFile const& file, unsigned int const& row);
+    bool DrawAllFiles(int const& first, int const& last);
+
 private:
     enum class SearchStep { Done, Stopped, OutOfMemory };
     SearchStep SearchDirectory(DirectoryListingSpec const& work, bool recursive,
-                               Container<DName>& queue);
+                               Container<DName>& queue, SearchFeedback& feedback);
     bool ContainsTerms(DirectoryListingSpec const& spec, DFile const& file);
     bool FindContaining(char const* buffer, unsigned int const& length,
                         DirectoryListingSpec const& spec, Link<bool>& found);
