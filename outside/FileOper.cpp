@@ -1,21 +1,32 @@
-// FileOper: a file stream over one Win32 file handle.
+// FileOper: a buffered file stream over one Win32 file handle.
 //
 // The stream keeps its own position and length, so it never has to ask the file where it is.
 // A read that delivers less than asked marks the end as met, so a file that shrinks while it is
-// read still ends a `while (!isEof())` loop.
+// read still ends a `while (!isEof())` loop. One buffer serves reads and writes in turn: it
+// holds either bytes read ahead from `bufferStart` on, or bytes written there and not yet out.
 #include <tessik/FileOper.h>
 
+#include <algorithm>
 #include <cstring>
+#include <new>
+
+namespace {
+
+constexpr DWORD bufferCapacity = 64 * 1024;
+
+} // namespace
 
 FileOper::FileOper(FileOper const*)
     : handle(INVALID_HANDLE_VALUE), position(0), length(0), totalRead(0), readSize(0),
-      endMet(false) {}
+      endMet(false), writable(false), failed(false), buffer(nullptr), bufferStart(0), bufferFill(0),
+      bufferWriting(false), filePosition(0) {}
 
 FileOper::FileOper(char const* path, bool create) : FileOper() {
     handle = create ? CreateFileA(path, GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                                   CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr)
                     : CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    writable = create;
     LARGE_INTEGER size;
     if (handle != INVALID_HANDLE_VALUE && GetFileSizeEx(handle, &size) && size.QuadPart >= 0)
         length = static_cast<std::uint64_t>(size.QuadPart);
@@ -28,23 +39,84 @@ FileOper::~FileOper() {
 }
 
 void FileOper::Close() {
-    if (handle != INVALID_HANDLE_VALUE)
+    if (handle != INVALID_HANDLE_VALUE) {
+        Flush();
         CloseHandle(handle);
+    }
     handle = INVALID_HANDLE_VALUE;
+    delete[] buffer;
+    buffer = nullptr;
+    bufferFill = 0;
 }
 
 bool FileOper::isOpen() const {
     return handle != INVALID_HANDLE_VALUE;
 }
 
+bool FileOper::Flush() {
+    if (!bufferWriting)
+        return !failed;
+    bufferWriting = false;
+    DWORD const pending = bufferFill;
+    bufferFill = 0;
+    if (pending && (!SeekTo(bufferStart) || !WriteOut(buffer, pending)))
+        failed = true;
+    return !failed;
+}
+
+bool FileOper::SeekTo(std::uint64_t at) {
+    if (at == filePosition)
+        return true;
+    LARGE_INTEGER distance;
+    distance.QuadPart = static_cast<std::int64_t>(at);
+    if (distance.QuadPart < 0 || !SetFilePointerEx(handle, distance, nullptr, FILE_BEGIN))
+        return false;
+    filePosition = at;
+    return true;
+}
+
+bool FileOper::WriteOut(void const* data, DWORD size) {
+    DWORD written = 0;
+    bool const done = WriteFile(handle, data, size, &written, nullptr) != FALSE;
+    filePosition += written;
+    return done && written == size;
+}
+
+// Reads the buffer full from `at` on. False on a read error; an empty buffer at the end.
+bool FileOper::Fill(std::uint64_t at) {
+    if (!buffer)
+        buffer = new (std::nothrow) char[bufferCapacity];
+    bufferStart = at;
+    bufferFill = 0;
+    if (!buffer || !SeekTo(at))
+        return false;
+    bool const done = ReadFile(handle, buffer, bufferCapacity, &bufferFill, nullptr) != FALSE;
+    filePosition += bufferFill;
+    return done;
+}
+
 bool FileOper::Read(void* data, DWORD const& size, bool const& partial) {
     readSize = 0;
-    if (!isOpen() || (!data && size))
+    if (!isOpen() || (!data && size) || !Flush())
         return false;
+    char* target = static_cast<char*>(data);
     DWORD got = 0;
-    bool done = ReadFile(handle, data, size, &got, nullptr) != FALSE;
+    bool done = true;
+    while (got < size) {
+        if (position >= bufferStart && position < bufferStart + bufferFill) {
+            DWORD const offset = static_cast<DWORD>(position - bufferStart);
+            DWORD const n = std::min(size - got, bufferFill - offset);
+            std::memcpy(target + got, buffer + offset, n);
+            got += n;
+            position += n;
+        } else if (!Fill(position)) {
+            done = false;
+            break;
+        } else if (bufferFill == 0) {
+            break; // the end of the file
+        }
+    }
     readSize = got;
-    position += got;
     totalRead = position;
     if (!done || got < size)
         endMet = true;
@@ -61,10 +133,7 @@ std::uint64_t FileOper::GetTotalReadSize() const {
 }
 
 bool FileOper::SetPos(std::uint64_t const& to) {
-    LARGE_INTEGER distance;
-    distance.QuadPart = static_cast<std::int64_t>(to);
-    if (!isOpen() || distance.QuadPart < 0 ||
-        !SetFilePointerEx(handle, distance, nullptr, FILE_BEGIN))
+    if (!isOpen() || static_cast<std::int64_t>(to) < 0 || !Flush())
         return false;
     position = to;
     endMet = false;
@@ -84,14 +153,30 @@ std::uint64_t FileOper::GetLength() const {
 }
 
 bool FileOper::Write(void const* data, DWORD const& size) {
-    if (!isOpen() || (!data && size))
+    if (!isOpen() || !writable || (!data && size) || failed)
         return false;
-    DWORD written = 0;
-    bool done = WriteFile(handle, data, size, &written, nullptr) != FALSE;
-    position += written;
+    if (!bufferWriting || position != bufferStart + bufferFill ||
+        bufferFill + size > bufferCapacity) {
+        if (!Flush())
+            return false;
+        bufferStart = position;
+        bufferFill = 0; // read-ahead bytes are of no use once the file changes
+        if (!buffer)
+            buffer = new (std::nothrow) char[bufferCapacity];
+    }
+    if (!buffer || size > bufferCapacity) {
+        // Too large for the buffer, or no buffer: straight to the file.
+        if (!SeekTo(position) || !WriteOut(data, size))
+            return false;
+    } else {
+        std::memcpy(buffer + bufferFill, data, size);
+        bufferFill += size;
+        bufferWriting = true;
+    }
+    position += size;
     if (position > length)
         length = position;
-    return done && written == size;
+    return true;
 }
 
 bool FileOper::TWrite(char const* text) {

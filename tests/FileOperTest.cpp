@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
+#include <random>
 #include <string>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -122,5 +124,51 @@ TEST(FileOper, ReachesPastFourGiB) {
     EXPECT_TRUE(out.SetPos(size));
     EXPECT_TRUE(out.Write("end", 3));
     EXPECT_EQ(out.GetLength(), size + 3);
+    EXPECT_TRUE(out.Flush()); // written bytes reach the file at the latest here
     EXPECT_EQ(FileOper(tree.Path("written").c_str(), false).GetLength(), size + 3);
+}
+
+TEST(FileOper, BufferedReadsAndWritesMatchAPlainModel) {
+    // Random writes, moves and reads of every size, checked against a string that holds what
+    // the file must hold; then the file itself is read back from disk.
+    TempTree tree;
+    std::string const path = tree.Path("model");
+    std::string model;
+    std::uint64_t position = 0;
+    std::mt19937 random(99);
+    auto pick = [&](std::size_t n) { return static_cast<std::size_t>(random() % n); };
+    {
+        FileOper file(path.c_str(), true);
+        for (int step = 0; step < 3000; ++step) {
+            std::size_t const size = pick(4) == 0 ? pick(150000) : pick(300);
+            switch (pick(3)) {
+            case 0: {
+                std::string bytes(size, '\0');
+                for (char& c : bytes)
+                    c = static_cast<char>('a' + pick(26));
+                ASSERT_TRUE(file.Write(bytes.data(), static_cast<DWORD>(size)));
+                if (model.size() < position + size)
+                    model.resize(position + size, '\0');
+                model.replace(position, size, bytes);
+                position += size;
+                break;
+            }
+            case 1:
+                position = pick(model.size() + 10);
+                ASSERT_TRUE(file.SetPos(position));
+                break;
+            default: {
+                std::string got(size, '\0');
+                file.Read(&got[0], static_cast<DWORD>(size), true);
+                std::size_t const expected =
+                    position < model.size() ? std::min(size, model.size() - position) : 0;
+                ASSERT_EQ(file.GetReadSize(), expected) << "step " << step;
+                ASSERT_EQ(got.substr(0, expected), model.substr(position, expected));
+                position += expected;
+                ASSERT_EQ(file.GetPos(), position);
+            }
+            }
+        }
+    }
+    EXPECT_EQ(Content(path), model);
 }

@@ -3,6 +3,10 @@
 // FileOper(path, false) opens an existing regular file for reading; FileOper(path, true) creates
 // or truncates one for reading and writing. FIFOs, sockets, devices and pseudo-file-system files
 // never open, so a reader can never block on one. The destructor closes; Close() closes early.
+//
+// Reads and writes go through a buffer of the stream's own, so many small fields cost few
+// system calls. Written bytes reach the file at the latest at Flush or Close; a write error
+// that shows only then makes Flush false and the next Write false.
 #ifndef TESSIK_FILEOPER_H
 #define TESSIK_FILEOPER_H
 
@@ -21,6 +25,7 @@ public:
 
     void Close();
     bool isOpen() const;
+    bool Flush(); // writes out what the buffer holds
 
     // Reads up to `size` bytes. With `partial` a short read at the end succeeds; without it
     // anything short of `size` fails. GetReadSize gives the bytes of the last read (0 before
@@ -39,12 +44,23 @@ public:
     bool wtf();                    // ends a report block: one empty line
 
 private:
+    bool Fill(std::uint64_t at);
+    bool SeekTo(std::uint64_t at);
+    bool WriteOut(void const* data, DWORD size);
+
     HANDLE handle;
-    std::uint64_t position;
+    std::uint64_t position; // where the next read or write takes place
     std::uint64_t length;
     std::uint64_t totalRead;
     DWORD readSize;
     bool endMet;
+    bool writable;
+    bool failed; // a buffered write could not be written out
+    char* buffer;
+    std::uint64_t bufferStart; // file offset of buffer[0]
+    DWORD bufferFill;          // bytes read into the buffer, or written to it and not yet out
+    bool bufferWriting;
+    std::uint64_t filePosition; // where the file's own pointer stands
 };
 
 #endif
