@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -137,6 +138,12 @@ void DName::Take(DName& other) {
     other.text = nullptr;
     other.size = 0;
     other.capacity = 0;
+}
+
+void DName::Swap(DName& other) {
+    std::swap(text, other.text);
+    std::swap(size, other.size);
+    std::swap(capacity, other.capacity);
 }
 
 unsigned int const& DName::Size() const {

@@ -56,6 +56,14 @@ DName const& DName::FromLong64(std::uint64_t const& value, int const& grouping) 
     return *this;
 }
 
+DName DName::operator+(std::uint64_t const& value) const {
+    DName number;
+    number.FromLong64(value, 0);
+    DName joined(*this);
+    joined += number;
+    return joined;
+}
+
 DWORD DName::ToWord() const {
     unsigned int pos = 0;
     while (pos < size && (text[pos] == ' ' || text[pos] == '\t'))

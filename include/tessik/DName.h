@@ -27,6 +27,7 @@ public:
     DName& operator=(char const* text);
     DName& operator=(int const& value);
     bool Copy(DName const& other); // keeps the target's link
+    void Swap(DName& other);       // exchanges the texts; both links stay
 
     // Set or empty the text. Namen keeps exactly n bytes of `text`, zero bytes included.
     bool Name(char const* text);
@@ -53,6 +54,7 @@ public:
 
     // Edits.
     DName operator+(DName const& other) const;
+    DName operator+(std::uint64_t const& value) const; // appends the decimal text of value
     DName& operator+=(DName const& other);
     DName& operator+=(char const* text);
     bool InsertLeft(DName const& text);

@@ -1,0 +1,216 @@
+#include "support/TempTree.h"
+
+#include <tessik/DFile.h>
+#include <tessik/FileOper.h>
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <ctime>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <string>
+
+namespace {
+
+std::string Shown(DName const& name) {
+    return std::string(&name, name.Size());
+}
+
+FILETIME Utc(int y, int mo, int d, int h, int mi, int s, int ms = 0) {
+    SYSTEMTIME const fields{WORD(y), WORD(mo), 0, WORD(d), WORD(h), WORD(mi), WORD(s), WORD(ms)};
+    FILETIME time = {};
+    EXPECT_TRUE(SystemTimeToFileTime(&fields, &time));
+    return time;
+}
+
+bool Same(FILETIME const& a, FILETIME const& b) {
+    return a.dwLowDateTime == b.dwLowDateTime && a.dwHighDateTime == b.dwHighDateTime;
+}
+
+std::string Line(DFile const& file) {
+    DName text;
+    file.ToString(text, '|');
+    return Shown(text);
+}
+
+DFile Parsed(char const* line) {
+    DFile file;
+    DName text(line);
+    file.FromString(text, '|');
+    return file;
+}
+
+std::string Report(TempTree const& tree, DFile const& file) {
+    std::string const path = tree.WinPath("report.txt");
+    {
+        FileOper out(path.c_str(), true);
+        EXPECT_TRUE(file.TextWrite(out));
+    }
+    std::ifstream in(tree.Path("report.txt"), std::ios::binary);
+    std::stringstream bytes;
+    bytes << in.rdbuf();
+    return bytes.str();
+}
+
+DWORD const allNine = 0x1 | 0x10 | 0x20 | 0x80 | 0x4 | 0x2 | 0x800 | 0x100 | 0x40;
+std::string const noDate = "0/00/1985 12:00:00 AM";
+
+} // namespace
+
+TEST(DNameNumbers, PlusAppendsTextOrDecimalNumber) {
+    EXPECT_EQ(Shown(DName("a") + DName("b")), "ab");
+    EXPECT_EQ(Shown(DName() + std::uint64_t{5}), "5");
+    EXPECT_EQ(Shown(DName("x") + std::uint64_t{0}), "x0");
+    EXPECT_EQ(Shown(DName("") + std::uint64_t{18446744073709551615u}), "18446744073709551615");
+}
+
+TEST(DFileText, AttributeFlagsAndWordsFollowTheTableOrder) {
+    DFile file;
+    file.attributes = 0x20;
+    EXPECT_EQ(Shown(file.FormatAttributes(false, -1)), "--A------");
+    EXPECT_EQ(Shown(file.FormatAttributes(true, -1)), "Archive");
+    file.attributes = allNine;
+    EXPECT_EQ(Shown(file.FormatAttributes(false, -1)), "RDANSHCTE");
+    EXPECT_EQ(Shown(file.FormatAttributes(true, -7)), // any negative value means the record
+              "Read Only, Folder, Archive, Normal, System, Hidden, Compressed, Temporary, "
+              "Encrypted");
+    EXPECT_EQ(Shown(file.FormatAttributes(true, 0x6)), "System, Hidden");
+    EXPECT_EQ(Shown(file.FormatAttributes(false, 0x4)), "----S----");
+    EXPECT_EQ(Shown(file.FormatAttributes(true, 0x2)), "Hidden");
+
+    // 0 is a word to show, and bits outside the table have no text.
+    EXPECT_EQ(Shown(file.FormatAttributes(false, 0)), "---------");
+    EXPECT_EQ(Shown(file.FormatAttributes(true, 0)), "No Attributes");
+    EXPECT_EQ(Shown(file.FormatAttributes(false, 0x400)), "---------");
+    EXPECT_EQ(Shown(file.FormatAttributes(true, 0x400)), "No Attributes");
+}
+
+TEST(DFileText, LineHoldsSixFieldsInLocalTime) {
+    TempTree zone;
+    setenv("TZ", "EST5EDT,M3.2.0,M11.1.0", 1);
+    tzset();
+    FILETIME const created = Utc(2004, 3, 9, 18, 5, 7);
+    FILETIME const accessed = Utc(2004, 7, 31, 4, 0, 0);
+    FILETIME const written = Utc(2004, 9, 1, 16, 30, 0);
+    DFile file(DName("C:\\a|b\\f.txt"), 0x21, 0, &created, &accessed, &written);
+    file.SetFileSize(0, 1);
+    EXPECT_EQ(Line(file), "C:\\a|b\\f.txt|4294967296|R-A------|3/09/2004 1:05:07 PM|"
+                          "9/01/2004 12:30:00 PM|7/31/2004 12:00:00 AM");
+
+    DName text("old");
+    DFile().ToString(text, ';');
+    EXPECT_EQ(Shown(text), ";0;---------;" + noDate + ";" + noDate + ";" + noDate);
+}
+
+TEST(DFileText, ReadingOddLines) {
+    DFile file(DName("old"), 0x20, 9, nullptr, nullptr, nullptr);
+    file.dataEncrypted = true;
+    file.hashKey = "key";
+    DFile* const link = std::addressof(file);
+    file.next = link;
+    DName text("no separator at all");
+    file.FromString(text, '|');
+    EXPECT_TRUE(file.isEmpty());
+    EXPECT_FALSE(file.dataEncrypted);
+    EXPECT_TRUE(file.hashKey.isEmpty());
+    EXPECT_EQ(file.attributes, 0u);
+    EXPECT_EQ(file.next, link);
+    EXPECT_EQ(Shown(text), "no separator at all");
+
+    DFile parsed = Parsed("|12|xSxH--|");
+    EXPECT_TRUE(parsed.fullPath.isEmpty());
+    EXPECT_EQ(parsed.sizeLow, 12u);
+    EXPECT_EQ(parsed.attributes, 0x6u);
+
+    parsed = Parsed("p||| 4294967297|R"); // size empty, attributes empty, then dates
+    EXPECT_EQ(Shown(parsed.fullPath), "p");
+    EXPECT_EQ(parsed.sizeLow, 0u);
+    EXPECT_EQ(parsed.attributes, 0u);
+
+    parsed = Parsed("big|4294967297|RDANSHCTE|");
+    EXPECT_EQ(parsed.sizeLow, 1u);
+    EXPECT_EQ(parsed.sizeHigh, 0u);
+    EXPECT_EQ(parsed.attributes, allNine);
+
+    parsed = Parsed("unclosed|77"); // a token that is not the last field needs its separator
+    EXPECT_EQ(Shown(parsed.fullPath), "unclosed");
+    EXPECT_EQ(parsed.sizeLow, 0u);
+}
+
+TEST(DFileText, DatesReadBackFromTheLineToTheSecond) {
+    TempTree zone;
+    setenv("TZ", "IST-5:30", 1);
+    tzset();
+    FILETIME const created = Utc(2004, 3, 9, 18, 5, 7, 999);
+    FILETIME const accessed = Utc(2020, 12, 31, 18, 30, 0); // midnight, local
+    FILETIME const written = Utc(2010, 6, 15, 6, 45, 59);   // a quarter past noon, local
+    DFile file(DName("D:\\dir\\name.ext"), 0x8A7, 123456, &created, &accessed, &written);
+    DName text;
+    file.ToString(text, '|');
+    DFile back;
+    back.FromString(text, '|');
+    EXPECT_EQ(Shown(back.fullPath), "D:\\dir\\name.ext");
+    EXPECT_EQ(back.sizeLow, 123456u);
+    EXPECT_EQ(back.attributes, 0x8A7u);
+    EXPECT_TRUE(Same(back.dateCreated, Utc(2004, 3, 9, 18, 5, 7)));
+    EXPECT_TRUE(Same(back.dateLastAccessed, accessed)); // the last field, closed by the end
+    EXPECT_TRUE(Same(back.dateWritten, written));
+
+    // No date, and dates that show as the fallback, read back as no date.
+    FILETIME const in2100 = Utc(2100, 1, 1, 0, 0, 0);
+    DFile const undated(DName("u"), 0, 0, nullptr, &in2100, nullptr);
+    undated.ToString(text, '|');
+    back.FromString(text, '|');
+    EXPECT_TRUE(Same(back.dateCreated, FILETIME{0, 0}));
+    EXPECT_TRUE(Same(back.dateLastAccessed, FILETIME{0, 0}));
+
+    // Without a marker the hour is on the 24-hour clock; impossible dates store no date.
+    back = Parsed("p|0|-|3/09/2004 23:05:07|3/09/2004 12:05:07 pm|2/30/2004 1:00:00 PM|");
+    EXPECT_TRUE(Same(back.dateCreated, Utc(2004, 3, 9, 17, 35, 7)));
+    EXPECT_TRUE(Same(back.dateWritten, Utc(2004, 3, 9, 6, 35, 7)));
+    EXPECT_TRUE(Same(back.dateLastAccessed, FILETIME{0, 0}));
+    for (char const* date : {"3/09/2004 13:05:07 PM", "3/09/2004 0:05:07 AM", "3/09/2004 24:00:00",
+                             "13/09/2004 1:05:07 PM", "3/09/2004 1:60:07 PM", "3/09/2004 1:05",
+                             "99999/99999/99999 99999:99999:99999", ""}) {
+        back = Parsed(("p|0|-|" + std::string(date) + "|").c_str());
+        EXPECT_TRUE(Same(back.dateCreated, FILETIME{0, 0})) << date;
+    }
+
+    // Text behind the sixth field is not read.
+    back = Parsed("p|1|-|||3/09/2004 12:00:00 AM|tail|more");
+    EXPECT_TRUE(Same(back.dateLastAccessed, Utc(2004, 3, 8, 18, 30, 0)));
+}
+
+TEST(DFileText, ReportBlockHasSixLabelledLinesInUtc) {
+    TempTree tree;
+    setenv("TZ", "EST5EDT,M3.2.0,M11.1.0", 1); // the report ignores the zone
+    tzset();
+    DFile file(DName("Z:\\dir\\old.bin"), 0x20, 0, nullptr, nullptr, nullptr);
+    file.SetFileSize(0, 1);
+    EXPECT_EQ(Report(tree, file), "Z:\\dir\\old.bin\n"
+                                  "Creation Date   : [01/01/1601 00:00:00]\n"
+                                  "Last Access Date: [01/01/1601 00:00:00]\n"
+                                  "Write Date      : [01/01/1601 00:00:00]\n"
+                                  "Size            : 4294967296\n"
+                                  "Attributes      : --A------\n"
+                                  "\n");
+    EXPECT_EQ(Line(file).substr(35), "|" + noDate + "|" + noDate + "|" + noDate);
+
+    file.SetFileSize(0xFFFFFFFF, 0);
+    file.SetAttribute(0);
+    file.SetDateCreated(Utc(2004, 3, 9, 18, 5, 7));
+    file.SetDateLastAccessed(Utc(1970, 1, 1, 0, 0, 0));
+    file.SetDateWritten(Utc(2100, 12, 31, 23, 59, 59));
+    EXPECT_EQ(Report(tree, file), "Z:\\dir\\old.bin\n"
+                                  "Creation Date   : [03/09/2004 18:05:07]\n"
+                                  "Last Access Date: [01/01/1970 00:00:00]\n"
+                                  "Write Date      : [12/31/2100 23:59:59]\n"
+                                  "Size            : 4294967295\n"
+                                  "Attributes      : ---------\n"
+                                  "\n");
+
+    FileOper closed;
+    EXPECT_FALSE(file.TextWrite(closed));
+}

@@ -1,0 +1,262 @@
+#include "support/TempTree.h"
+
+#include <tessik/tessik.h>
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+// ---- The sorts as plainly described: value copies between positions of the chain --------
+
+void PlainSortRecursive(DFileLoad& load, int first, int last) {
+    DFile pivot;
+    pivot = load[static_cast<unsigned>(first)];
+    int l = first;
+    int r = last;
+    auto path = [&](int position) { return load[static_cast<unsigned>(position)].fullPath; };
+    while (l < r) {
+        while (path(r) >= pivot.fullPath && l < r)
+            --r;
+        if (l != r)
+            load[static_cast<unsigned>(l++)] = load[static_cast<unsigned>(r)];
+        while (path(l) <= pivot.fullPath && l < r)
+            ++l;
+        if (l != r)
+            load[static_cast<unsigned>(r--)] = load[static_cast<unsigned>(l)];
+    }
+    load[static_cast<unsigned>(l)] = pivot;
+    if (first < l)
+        PlainSortRecursive(load, first, l - 1);
+    if (last > l)
+        PlainSortRecursive(load, l + 1, last);
+}
+
+void PlainSort(DFileLoad& load) {
+    unsigned const n = load.Size();
+    if (n == 0)
+        return;
+    PlainSortRecursive(load, 0, static_cast<int>(n - 1));
+    unsigned d = 0;
+    for (unsigned i = 0; i < n; ++i) {
+        DFile* node = load(i);
+        if (!node->isDir())
+            continue;
+        if (i != d) {
+            DFile* before = load(i - 1);
+            before->next = node->next;
+            DFile* target = load(d);
+            if (d == 0)
+                load.files.head = node;
+            else
+                load(d - 1)->next = node;
+            node->next = target;
+            load.files.Relinked();
+        }
+        ++d;
+    }
+}
+
+// The column order written out from its rules, apart from the library's own.
+int PlainOrder(DName const& left, DName const& right) {
+    return left == right ? 0 : (left > right ? 1 : -1);
+}
+
+bool PlainGreater(DFile const& left, DFile const& right, unsigned column) {
+    int order = 0;
+    switch (column) {
+    case 2:
+    case 4:
+        return left.fullPath > right.fullPath;
+    case 8:
+        order = left.GetFileSize64() == right.GetFileSize64()
+                    ? 0
+                    : (left.GetFileSize64() > right.GetFileSize64() ? 1 : -1);
+        break;
+    case 16:
+        order = PlainOrder(left.FormatAttributes(false, -1), right.FormatAttributes(false, -1));
+        break;
+    case 32:
+        order = left.CompDateCreated(right.dateCreated);
+        break;
+    case 64:
+        order = left.CompDateLastAccessed(right.dateLastAccessed);
+        break;
+    case 128:
+        order = left.CompDateWritten(right.dateWritten);
+        break;
+    default:
+        return left.GetFileName() > right.GetFileName();
+    }
+    return order != 0 ? order > 0 : left.fullPath > right.fullPath;
+}
+
+void PlainSortAlpha(DFileLoad& load, unsigned column, bool descending) {
+    unsigned const n = load.Size();
+    if (n < 2)
+        return;
+    for (unsigned gap : {3u, 1u}) {
+        for (unsigned i = 0; i < n; ++i) {
+            DFile held(load[i]);
+            unsigned j = i;
+            while (j >= gap) {
+                unsigned const k = j - gap;
+                EXPECT_EQ(load.CompareColumn(k, held, column), PlainGreater(load[k], held, column));
+                if (!PlainGreater(load[k], held, column))
+                    break;
+                load[j] = load[k];
+                j = k;
+            }
+            if (j != i)
+                load[j] = held;
+        }
+    }
+    if (!descending)
+        return;
+    unsigned a = 0, b = n - 1;
+    do {
+        DFile held(load[a]);
+        load.files.CopyPos(a, b);
+        load.files.ReplacePos(b, held);
+        ++a;
+        --b;
+    } while (a < b);
+}
+
+// ---- Random listings with many equal keys -------------------------------------------------
+
+unsigned Pick(std::mt19937& random, unsigned n) {
+    return static_cast<unsigned>(random() % n);
+}
+
+FILETIME Date(std::mt19937& random) {
+    // A few seconds in 2010, some of them the same second with other fractions.
+    std::uint64_t const ticks =
+        (1262304000ull + 11644473600ull + Pick(random, 4)) * 10000000ull + Pick(random, 3);
+    return FILETIME{static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
+}
+
+void Fill(DFileLoad& load, std::mt19937& random, unsigned count) {
+    char const* const names[] = {"Z:\\a", "Z:\\a\\b", "Z:\\B", "Z:\\b", "Z:\\a.txt", "Z:\\c\\a"};
+    for (unsigned i = 0; i < count; ++i) {
+        FILETIME const created = Date(random), accessed = Date(random), written = Date(random);
+        DFile record(DName(names[Pick(random, 6)]),
+                     (Pick(random, 3) == 0 ? 0x10 : 0x20) | (Pick(random, 2)), 0, &created,
+                     &accessed, &written);
+        record.SetFileSize(Pick(random, 3), Pick(random, 4) == 0 ? 1 : 0);
+        record.SetIndex(DName(std::to_string(i).c_str())); // tells equal records apart
+        load.InsertRight(record);
+        load[i].dataEncrypted = Pick(random, 5) == 0; // stays with the node
+    }
+}
+
+// Everything a sort can change: each node's place in the chain, and what each position holds.
+std::vector<std::string> Picture(DFileLoad const& load, std::map<DFile const*, unsigned>& nodes) {
+    std::vector<std::string> picture;
+    for (DFile const* file = load.files.head; file; file = file->next) {
+        std::string const line = std::to_string(nodes[file]) + " " + &file->fullPath + " " +
+                                 &file->hashKey + " " + std::to_string(file->GetFileSize64()) +
+                                 " " + std::to_string(file->attributes) + " " +
+                                 std::to_string(file->dataEncrypted) + " " +
+                                 std::to_string(file->dateWritten.dwLowDateTime);
+        picture.push_back(line);
+    }
+    EXPECT_EQ(picture.size(), load.Size());
+    return picture;
+}
+
+std::map<DFile const*, unsigned> NodeNumbers(DFileLoad const& load) {
+    std::map<DFile const*, unsigned> numbers;
+    unsigned i = 0;
+    for (DFile const* file = load.files.head; file; file = file->next)
+        numbers[file] = i++;
+    return numbers;
+}
+
+template <class Plain, class Fast> void Agree(unsigned rounds, Plain plain, Fast fast) {
+    TempTree tree; // fixes the time zone for the date columns
+    std::mt19937 random(4242);
+    for (unsigned round = 0; round < rounds; ++round) {
+        unsigned const count = Pick(random, 40);
+        std::mt19937 same(static_cast<unsigned>(random()));
+        std::mt19937 copy = same;
+        DFileLoad expected, actual;
+        Fill(expected, same, count);
+        Fill(actual, copy, count);
+        auto expectedNodes = NodeNumbers(expected);
+        auto actualNodes = NodeNumbers(actual);
+        unsigned const choice = static_cast<unsigned>(random());
+        plain(expected, choice);
+        fast(actual, choice);
+        ASSERT_EQ(Picture(actual, actualNodes), Picture(expected, expectedNodes))
+            << "round " << round << ", " << count << " records";
+        actual.InsertRight(DFile(DName("Z:\\end"), 0, 0, nullptr, nullptr, nullptr));
+        ASSERT_STREQ(&actual[actual.Size() - 1], "Z:\\end"); // the chain's end is known
+    }
+}
+
+} // namespace
+
+TEST(Sorting, SortAgreesWithThePlainSteps) {
+    Agree(
+        3000, [](DFileLoad& load, unsigned) { PlainSort(load); },
+        [](DFileLoad& load, unsigned) { load.Sort(); });
+}
+
+TEST(Sorting, SortRecursiveOnPartsAgreesWithThePlainSteps) {
+    auto range = [](DFileLoad& load, unsigned choice, auto sort) {
+        if (load.Size() < 2)
+            return;
+        int const first = static_cast<int>(choice % load.Size());
+        int const last = first + static_cast<int>((choice / 64) % (load.Size() - first));
+        sort(load, first, last);
+    };
+    Agree(
+        2000,
+        [&](DFileLoad& load, unsigned choice) {
+            range(load, choice, [](DFileLoad& l, int a, int b) {
+                if (a < b)
+                    PlainSortRecursive(l, a, b);
+            });
+        },
+        [&](DFileLoad& load, unsigned choice) {
+            range(load, choice, [](DFileLoad& l, int a, int b) { l.SortRecursive(a, b); });
+        });
+}
+
+TEST(Sorting, SortAlphaAgreesWithThePlainSteps) {
+    unsigned const columns[] = {0, 1, 2, 3, 4, 8, 16, 32, 64, 128, 129};
+    Agree(
+        4000,
+        [&](DFileLoad& load, unsigned choice) {
+            PlainSortAlpha(load, columns[choice % 11], (choice / 16) % 2);
+        },
+        [&](DFileLoad& load, unsigned choice) {
+            load.SortAlpha(columns[choice % 11], (choice / 16) % 2);
+        });
+}
+
+TEST(Sorting, SmallListingsAndHeads) {
+    DFileLoad load;
+    EXPECT_FALSE(load.Sort());
+    load.SortAlpha(4, true);
+    load.InsertRight(DFile(DName("Z:\\b"), 0x10, 0, nullptr, nullptr, nullptr));
+    EXPECT_TRUE(load.Sort());
+    load.InsertRight(DFile(DName("Z:\\a"), 0x20, 0, nullptr, nullptr, nullptr));
+    DFile const* const firstNode = load.files.head;
+    EXPECT_TRUE(load.Sort());
+    EXPECT_NE(load.files.head, firstNode); // the directory's node was moved ahead
+    EXPECT_STREQ(&load[0], "Z:\\b");
+    load.SortAlpha(4, false);
+    EXPECT_STREQ(&load[0], "Z:\\a");
+    EXPECT_EQ(load.files.head->next->next, nullptr);
+    load.SortRecursiveDirectory(0, 1);
+    load.SortRecursive(1, 0);
+    load.SortRecursive(-1, 5); // positions that do not exist: nothing happens
+    EXPECT_STREQ(&load[0], "Z:\\a");
+}
