@@ -9,6 +9,9 @@
 class SearchFeedback {
 public:
     explicit SearchFeedback(DFileLoad& load);
+    ~SearchFeedback();
+    SearchFeedback(SearchFeedback const&) = delete;
+    SearchFeedback& operator=(SearchFeedback const&) = delete;
 
     void Setup();                     // the run starts: the list is emptied
     void Directory(DName const& dir); // the run turns to `dir`
@@ -20,7 +23,24 @@ public:
     void Finish(bool succeeded);      // the bar back to 0, the closing status text
 
 private:
+    void SetupBar();
+    void NewPercentage();
+    void Paint(COLORREF colour);
+    void DrawNewRows();
+    void GiveBack();
+
     DFileLoad& load;
+    HWND barWindow;
+    HDC barDC;
+    RECT barRect;
+    HFONT barFont;
+    COLORREF backColour;
+    COLORREF textColour;
+    char paintedText[64]; // the percentage as painted, empty at first
+    float paintedValue;
+    DWORD lastPaintTicks;
+    DWORD lastRowTicks;
+    unsigned nextRow; // the first position in `files` not drawn in this run
 };
 
 #endif

@@ -171,6 +171,55 @@ TESSIK_API BOOL DestroyWindow(HWND window); // its children go with it
 TESSIK_API BOOL IsWindow(HWND window);
 TESSIK_API BOOL GetClientRect(HWND window, RECT* rect);
 TESSIK_API BOOL RedrawWindow(HWND window, RECT const* update, HRGN region, unsigned int flags);
+
+// Painting. A device context belongs to one window; it starts with background mode OPAQUE, text
+// colour black and the stock system font selected, and lives until ReleaseDC. GetDC gives null
+// for a null window (there is no screen) and for a window marked by HeadlessFailGetDC. Texts are
+// not rasterised: the whole client area keeps the colour of pixel (0,0).
+
+#define TRANSPARENT 1
+#define OPAQUE 2
+#define CLR_INVALID 0xFFFFFFFFu
+#define COLOR_MENUTEXT 7
+#define COLOR_WINDOWTEXT 8
+#define COLOR_BTNFACE 15
+#define FW_DONTCARE 0
+#define ANSI_CHARSET 0
+#define OUT_RASTER_PRECIS 6
+#define CLIP_STROKE_PRECIS 2
+#define DEFAULT_QUALITY 0
+#define FF_SWISS 0x20
+#define DT_CENTER 0x1
+#define DT_VCENTER 0x4
+#define DT_SINGLELINE 0x20
+#define DT_EDITCONTROL 0x2000
+#define DT_WORD_ELLIPSIS 0x40000
+
+TESSIK_API HDC GetDC(HWND window);
+TESSIK_API int ReleaseDC(HWND window, HDC dc); // 1 when `dc` was the window's, else 0
+TESSIK_API int SetBkMode(HDC dc, int mode);    // the former mode; 0 on failure
+// CLR_INVALID outside the client rectangle, or for a context that is gone.
+TESSIK_API COLORREF GetPixel(HDC dc, int x, int y);
+TESSIK_API DWORD GetSysColor(int index); // the Windows 10 defaults; 0 for an unknown index
+TESSIK_API COLORREF SetTextColor(HDC dc, COLORREF colour); // the former colour
+TESSIK_API HFONT CreateFontA(int height, int width, int escapement, int orientation, int weight,
+                             DWORD italic, DWORD underline, DWORD strikeOut, DWORD charSet,
+                             DWORD outPrecision, DWORD clipPrecision, DWORD quality,
+                             DWORD pitchAndFamily, char const* faceName);
+// Only fonts can be selected; the result is the former font, null on failure.
+TESSIK_API HGDIOBJ SelectObject(HDC dc, HGDIOBJ object);
+// Frees a font or a region. FALSE for a font still selected into a context, for a region that a
+// window owns, and for anything else; TRUE, and nothing happens, for the stock font.
+TESSIK_API BOOL DeleteObject(HGDIOBJ object);
+// Records the text (`count` bytes, or up to its zero with -1) with the context's text colour,
+// background mode and font, the rectangle and the flags, on the context's window. Nothing is
+// measured (DT_CALCRECT is recorded like any flag). The font's height; 0 on failure.
+TESSIK_API int DrawTextA(HDC dc, char const* text, int count, RECT* rect, unsigned int flags);
+
+// Regions are rectangles. Once SetWindowRgn succeeds the window owns the region and frees the
+// one it had; a null region gives the window its whole area back.
+TESSIK_API HRGN CreateRectRgn(int left, int top, int right, int bottom);
+TESSIK_API int SetWindowRgn(HWND window, HRGN region, BOOL redraw); // 0 on failure
 // ---- end windows ----
 
 // ---- Time ----

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <map>
 #include <new>
+#include <utility>
 
 namespace posix {
 namespace {
@@ -70,7 +71,27 @@ template <class T> bool ReadField(HWND window, T HeadlessWindow::*field, T* out)
     return true;
 }
 
+template <class T> bool WriteField(HWND window, T HeadlessWindow::*field, T value) {
+    LockedWindow record(window);
+    if (!record)
+        return false;
+    (*record).*field = value;
+    return true;
+}
+
 } // namespace
+
+bool AddPainted(HeadlessWindow& window, PaintedText&& text) {
+    try {
+        window.painted.push_back(std::move(text));
+    } catch (std::bad_alloc const&) {
+        return false;
+    }
+    if (window.painted.size() > HEADLESS_KEPT_TEXTS)
+        window.painted.pop_front();
+    ++window.paintedCount;
+    return true;
+}
 
 } // namespace posix
 
@@ -88,7 +109,8 @@ HWND CreateWindowExA(DWORD, char const* className, char const*, DWORD, int, int,
     RECT const client = {0, 0, width > 0 ? width : 0, height > 0 ? height : 0};
     try {
         registry.windows.emplace(
-            key, posix::HeadlessWindow{parent, client, posix::buttonFace, true, false, {}, 0});
+            key, posix::HeadlessWindow{
+                     parent, client, posix::buttonFace, true, client, 0, false, false, {}, 0});
     } catch (std::bad_alloc const&) {
         return nullptr;
     }
@@ -130,6 +152,21 @@ bool HeadlessWholeRegion(HWND window, bool* whole) {
     return posix::ReadField(window, &posix::HeadlessWindow::wholeRegion, whole);
 }
 
+bool HeadlessSetPixel(HWND window, COLORREF colour) {
+    return posix::WriteField(window, &posix::HeadlessWindow::pixel, colour);
+}
+
+bool HeadlessRegionOf(HWND window, HeadlessRegion* region) {
+    LockedWindow record(window);
+    if (!record || !region)
+        return false;
+    region->whole = record->wholeRegion;
+    region->rect = record->wholeRegion ? record->client : record->region;
+    region->changes = record->regionChanges;
+    region->redrawAsked = record->regionRedraw;
+    return true;
+}
+
 bool HeadlessTextCount(HWND window, unsigned* count) {
     return posix::ReadField(window, &posix::HeadlessWindow::paintedCount, count);
 }
@@ -149,13 +186,12 @@ bool HeadlessTextAt(HWND window, unsigned index, HeadlessText* text) {
     text->colour = painted.colour;
     text->rect = painted.rect;
     text->flags = painted.flags;
+    text->backgroundMode = painted.backgroundMode;
+    text->fontHandle = painted.fontHandle;
+    text->font = painted.font;
     return true;
 }
 
 bool HeadlessFailGetDC(HWND window, bool fail) {
-    LockedWindow record(window);
-    if (!record)
-        return false;
-    record->getDCFails = fail;
-    return true;
+    return posix::WriteField(window, &posix::HeadlessWindow::getDCFails, fail);
 }

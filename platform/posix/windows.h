@@ -16,17 +16,26 @@ struct PaintedText {
     COLORREF colour;
     RECT rect;
     unsigned flags;
+    int backgroundMode;
+    HFONT fontHandle;
+    HeadlessFont font;
 };
 
 struct HeadlessWindow {
     HWND parent;
     RECT client;
     COLORREF pixel;   // colour of pixel (0,0)
-    bool wholeRegion; // false: the one-pixel region
+    bool wholeRegion; // false: `region` is set
+    RECT region;
+    unsigned regionChanges;
+    bool regionRedraw; // asked for by the last SetWindowRgn
     bool getDCFails;
     std::deque<PaintedText> painted; // the latest HEADLESS_KEPT_TEXTS, oldest first
     unsigned paintedCount;           // all texts ever painted
 };
+
+// Keeps `text` among the latest texts painted on `window`. False when memory runs out.
+bool AddPainted(HeadlessWindow& window, PaintedText&& text);
 
 // The record of a live window, with every window locked while this object lives; null (false)
 // for any other handle. Windows may be used from several threads.
