@@ -7,8 +7,11 @@
 #include <tessik/platform.h>
 
 #include <atomic>
+#include <cstdlib>
 #include <ctime>
 #include <limits>
+#include <mutex>
+#include <string>
 
 namespace {
 
@@ -64,6 +67,24 @@ void CivilFromDays(std::uint64_t days, SYSTEMTIME& out) {
     out.wDayOfWeek = static_cast<WORD>((days + 1) % 7); // 1601-01-01 was a Monday
 }
 
+// Makes the C library read the time zone again when TZ has changed since the last look.
+// localtime_r does not notice a changed TZ by itself, and tzset at every call costs a look at
+// /etc/localtime when TZ is not set, for every date converted.
+void FollowTimeZone() {
+    static std::mutex guard;
+    static std::string lastZone;
+    static bool looked = false;
+    static bool hadZone = false;
+    std::lock_guard<std::mutex> const lock(guard);
+    char const* const zone = std::getenv("TZ");
+    if (looked && (zone != nullptr) == hadZone && (!zone || lastZone == zone))
+        return;
+    tzset();
+    looked = true;
+    hadZone = zone != nullptr;
+    lastZone = zone ? zone : "";
+}
+
 // Offset of local time from UTC, in seconds, at `seconds` since 1970 (UTC). An instant beyond
 // time_t takes the offset of the nearest one that fits; 0 when the C library cannot tell.
 std::int64_t OffsetAt(std::int64_t seconds) {
@@ -72,7 +93,7 @@ std::int64_t OffsetAt(std::int64_t seconds) {
     std::time_t const instant = static_cast<std::time_t>(seconds < lowest    ? lowest
                                                          : seconds > highest ? highest
                                                                              : seconds);
-    tzset(); // localtime_r need not notice a changed TZ by itself
+    FollowTimeZone();
     struct tm fields = {};
     if (!localtime_r(&instant, &fields))
         return 0;
