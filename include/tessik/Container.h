@@ -171,9 +171,15 @@ public:
     // After the chain was relinked by hand (head and links changed, the same elements kept):
     // finds the last element again and forgets the last position reached.
     void Relinked() {
-        tail = head;
-        while (tail && NextOf(*tail))
-            tail = NextOf(*tail);
+        T* last = head;
+        while (last && NextOf(*last))
+            last = NextOf(*last);
+        Relinked(last);
+    }
+
+    // The same when the caller knows the chain's last element (null for an empty chain).
+    void Relinked(T* last) {
+        tail = last;
         reached = nullptr;
     }
 

@@ -1,0 +1,294 @@
+#include "support/TempTree.h"
+
+#include <tessik/tessik.h>
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+
+#if defined(__SANITIZE_ADDRESS__)
+#define WATCH_ALLOCATIONS 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define WATCH_ALLOCATIONS 1
+#endif
+#endif
+
+#if WATCH_ALLOCATIONS
+extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*mallocHook)(void const volatile*,
+                                                                            std::size_t),
+                                                         void (*freeHook)(void const volatile*));
+#endif
+
+namespace {
+
+std::size_t largestAllocation = 0;
+bool watching = false;
+
+// The largest single allocation that `run` makes; 0 when the build cannot watch allocations.
+template <class Run> std::size_t LargestAllocation(Run run) {
+#if WATCH_ALLOCATIONS
+    static int const installed = __sanitizer_install_malloc_and_free_hooks(
+        [](void const volatile*, std::size_t size) {
+            if (watching && size > largestAllocation)
+                largestAllocation = size;
+        },
+        [](void const volatile*) {});
+    (void)installed;
+#endif
+    largestAllocation = 0;
+    watching = true;
+    run();
+    watching = false;
+    return largestAllocation;
+}
+
+std::string Bytes(std::string const& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+}
+
+void Put(std::string const& path, std::string const& bytes) {
+    std::ofstream(path, std::ios::binary | std::ios::trunc) << bytes;
+}
+
+std::string Word(DWORD value) {
+    std::string bytes;
+    for (int i = 0; i < 4; ++i)
+        bytes += static_cast<char>(value >> (8 * i));
+    return bytes;
+}
+
+std::string Name(std::string const& text) {
+    return Word(static_cast<DWORD>(text.size())) + text;
+}
+
+// Every field different, the path with a zero byte and bytes above 127.
+DFile Sample() {
+    FILETIME const created = {0x10203040, 0x01C00001}, accessed = {0x50607080, 0x01D00002},
+                   written = {0x90A0B0C0, 0x01E00003};
+    DFile file(DName(), 0x821, 0x89ABCDEF, &created, &accessed, &written);
+    file.fullPath.Namen("C:\\dir\0\xE9\xFF\\name.txt", 18);
+    file.sizeHigh = 0x01234567;
+    return file;
+}
+
+// Equal in every field but the key and the link.
+bool Same(DFile const& a, DFile const& b) {
+    return a == b && a.CompDates(a.dateLastAccessed, b.dateLastAccessed);
+}
+
+bool WriteTo(std::string const& path, DFile& file) {
+    FileOper out(path.c_str(), true);
+    return file >> out;
+}
+
+bool ReadFrom(std::string const& path, DFile& file) {
+    FileOper in(path.c_str(), false);
+    return file << in;
+}
+
+DWORD Mask(char const* key, unsigned length, unsigned& position) {
+    DWORD word = 0;
+    DName text;
+    text.Namen(key, length);
+    DFile().IncWord(word, text, position);
+    return word;
+}
+
+} // namespace
+
+TEST(DFileStream, RoundTripsWithANewKeyEachWrite) {
+    TempTree tree;
+    DFile file = Sample();
+    file.SetIndex(DName("index text"));
+    ASSERT_TRUE(WriteTo(tree.Path("first"), file));
+    DName const firstKey = file.GetKey();
+    EXPECT_NE(firstKey, DName("index text"));
+    ASSERT_TRUE(WriteTo(tree.Path("second"), file));
+    EXPECT_FALSE(file.isDataEncrypted());
+    EXPECT_TRUE(Same(file, Sample()));
+    EXPECT_NE(Bytes(tree.Path("first")), Bytes(tree.Path("second")));
+    EXPECT_NE(file.GetKey(), firstKey);
+    EXPECT_EQ(file.HeaderSize(), file.GetKey().Size() + 18 + 36);
+
+    DFile first, second;
+    ASSERT_TRUE(ReadFrom(tree.Path("first"), first));
+    ASSERT_TRUE(ReadFrom(tree.Path("second"), second));
+    EXPECT_TRUE(Same(first, Sample()));
+    EXPECT_TRUE(Same(second, Sample()));
+    EXPECT_EQ(first.GetKey(), firstKey);
+    EXPECT_EQ(second.GetKey(), file.GetKey()); // the key of the last write stays
+
+    // Extreme values and an empty path, one after the other in one stream.
+    DFile full = Sample(), empty;
+    full.SetFileSize(0xFFFFFFFF, 0xFFFFFFFF);
+    full.SetDateWritten(FILETIME{0xFFFFFFFF, 0xFFFFFFFF});
+    {
+        FileOper out(tree.Path("two").c_str(), true);
+        ASSERT_TRUE(full.Write(out) && empty.Write(out));
+    }
+    FileOper in(tree.Path("two").c_str(), false);
+    DFile back;
+    EXPECT_TRUE(back.Read(in) && Same(back, full));
+    EXPECT_TRUE(back.Read(in) && back.isEmpty() && back.CompStruct(empty));
+    EXPECT_FALSE(back.Read(in));
+}
+
+TEST(DFileStream, StreamLayoutIsPinned) {
+    TempTree tree;
+    std::string const path = tree.Path("s");
+    // From its first state the Windows generator draws 41, 18467, 6334: a key of two
+    // characters, 73 and 25, which replaces what the name held.
+    DName key("old text");
+    msvcrt_srand(1);
+    ASSERT_TRUE(DFile().CreateHashKey(key));
+    EXPECT_EQ(key, DName("\x49\x19"));
+
+    // A path of one character moves the position on by one: 25, 73, 25, 73.
+    msvcrt_srand(1);
+    DFile named = Sample();
+    named.fullPath = "a";
+    ASSERT_TRUE(WriteTo(path, named));
+    DWORD const m = 25 * 2 + 73 * 256 + 25 + 73;
+    std::string const bytes = Bytes(path);
+    EXPECT_EQ(bytes.substr(0, 11), std::string("\x01", 1) + Name("\x49\x19") + Word(1));
+    EXPECT_EQ(bytes.substr(12), Word(0x90A0B0C0 ^ m) + Word(0x01E00003 ^ m) + Word(0x50607080 ^ m) +
+                                    Word(0x01D00002 ^ m) + Word(0x10203040 ^ m) +
+                                    Word(0x01C00001 ^ m) + Word(0x821 ^ m) + Word(0x89ABCDEF ^ m) +
+                                    Word(0x01234567 ^ m));
+
+    // Flag 0: taken as stored, key included.
+    Put(path, std::string("\x00", 1) + Name("key") + Name("C:\\plain") + Word(1) + Word(2) +
+                  Word(3) + Word(4) + Word(5) + Word(6) + Word(7) + Word(8) + Word(9));
+    DFile plain;
+    ASSERT_TRUE(ReadFrom(path, plain));
+    EXPECT_FALSE(plain.isDataEncrypted());
+    EXPECT_STREQ(&plain.GetKey(), "key");
+    EXPECT_STREQ(&plain.GetFullPath(), "C:\\plain");
+    EXPECT_EQ(plain.dateWritten.dwHighDateTime, 2u);
+    EXPECT_EQ(plain.dateCreated.dwLowDateTime, 5u);
+    EXPECT_EQ(plain.attributes, 7u);
+    EXPECT_EQ(plain.GetFileSize64(), 9ull << 32 | 8);
+}
+
+TEST(DFileStream, ScramblingKnownAnswers) {
+    // Characters add up, shifted by 1, 8, 0 and 0; the position runs on across words.
+    char const six[] = {1, 2, 3, 4, 5, 6};
+    DWORD const at0 = 1 * 2 + 2 * 256 + 3 + 4, at4 = 5 * 2 + 6 * 256 + 1 + 2,
+                at2 = 3 * 2 + 4 * 256 + 5 + 6;
+    unsigned position = 0;
+    EXPECT_EQ(Mask(six, 6, position), at0);
+    EXPECT_EQ(Mask(six, 6, position), at4);
+    EXPECT_EQ(position, 2u);
+    position = 5; // one character: every step comes back to it
+    EXPECT_EQ(Mask("A", 1, position), 0x41u * 2 + 0x41 * 256 + 0x41 + 0x41);
+    EXPECT_EQ(position, 1u);
+    position = 0; // 128 and 129 are negative and subtract
+    EXPECT_EQ(Mask("\x80\x81\x10\x20", 4, position), static_cast<DWORD>(-128 * 2 - 127 * 256 + 48));
+
+    // A record: the path of two characters first, then the words in the record's field order.
+    DFile file = Sample();
+    file.fullPath = "ab";
+    file.hashKey.Namen(six, 6);
+    file.dataEncrypted = true;
+    ASSERT_TRUE(file.Decrypt());
+    EXPECT_EQ(file.sizeLow, 0x89ABCDEF ^ at2);
+    EXPECT_EQ(file.sizeHigh, 0x01234567u ^ at0);
+    EXPECT_EQ(file.attributes, 0x821u ^ at4);
+    EXPECT_EQ(file.dateCreated.dwLowDateTime, 0x10203040u ^ at2);
+    EXPECT_EQ(file.dateLastAccessed.dwLowDateTime, 0x50607080u ^ at4);
+    EXPECT_EQ(file.dateWritten.dwHighDateTime, 0x01E00003u ^ at4);
+
+    DFile empty; // no path to scramble, the words all the same
+    empty.hashKey = "A";
+    empty.dataEncrypted = true;
+    ASSERT_TRUE(empty.Decrypt());
+    EXPECT_TRUE(empty.isEmpty());
+    EXPECT_EQ(empty.dateWritten.dwHighDateTime, 0x41u * 2 + 0x41 * 256 + 0x41 + 0x41);
+}
+
+TEST(DFileStream, EncryptAndDecryptOnlyOnce) {
+    TempTree tree;
+    msvcrt_srand(1); // a known key, under which every word changes
+    DFile file = Sample();
+    file.SetIndex(DName("set by hand"));
+    ASSERT_TRUE(file.Encrypt());
+    EXPECT_TRUE(file.isDataEncrypted());
+    EXPECT_EQ(file.GetKey(), DName("\x49\x19"));
+    EXPECT_NE(file.fullPath, Sample().fullPath);
+    DFile const scrambled(file);
+    EXPECT_FALSE(file.Encrypt());
+    EXPECT_TRUE(Same(file, scrambled));
+    ASSERT_TRUE(file.Decrypt());
+    EXPECT_TRUE(Same(file, Sample()));
+    EXPECT_FALSE(file.Decrypt());
+    EXPECT_TRUE(Same(file, Sample()));
+
+    // Scrambled by the caller: it goes out with its own key and is plain afterwards.
+    ASSERT_TRUE(file.Encrypt());
+    DName const key = file.GetKey();
+    ASSERT_TRUE(WriteTo(tree.Path("s"), file));
+    EXPECT_TRUE(Same(file, Sample()));
+    DFile read;
+    ASSERT_TRUE(ReadFrom(tree.Path("s"), read));
+    EXPECT_TRUE(Same(read, Sample()));
+    EXPECT_EQ(read.GetKey(), key);
+
+    // A failing write leaves it plain as well.
+    FileOper closed, readOnly(tree.Path("s").c_str(), false);
+    EXPECT_FALSE(file.Write(closed));
+    EXPECT_FALSE(file.Write(readOnly));
+    EXPECT_TRUE(Same(file, Sample()));
+}
+
+TEST(DFileStream, DamagedStreamsGiveFalse) {
+    TempTree tree;
+    std::string const path = tree.Path("s");
+    DFile file = Sample();
+    ASSERT_TRUE(WriteTo(path, file));
+    std::string const whole = Bytes(path);
+    DFile read;
+    for (std::size_t cut = 0; cut < whole.size(); ++cut) {
+        Put(path, whole.substr(0, cut));
+        EXPECT_FALSE(ReadFrom(path, read)) << "cut at " << cut;
+    }
+
+    // Cut inside the numbers: the whole fields before the cut are taken, no further.
+    DFile partial = Sample();
+    Put(path, std::string("\x00", 1) + Name("") + Name("p") + Word(1) + Word(2) + Word(3) + "xy");
+    EXPECT_FALSE(ReadFrom(path, partial));
+    EXPECT_STREQ(&partial.GetFullPath(), "p");
+    EXPECT_EQ(partial.dateWritten.dwHighDateTime, 2u);
+    EXPECT_EQ(partial.dateLastAccessed.dwLowDateTime, 0x50607080u);
+
+    // Random bytes: a record read takes at least its flag, two lengths and 36 bytes.
+    std::mt19937 random(7);
+    for (int round = 0; round < 300; ++round) {
+        std::string noise(random() % 300, '\0');
+        for (char& c : noise)
+            c = static_cast<char>(random() % 4 ? random() : random() % 4);
+        Put(path, noise);
+        FileOper in(path.c_str(), false);
+        unsigned records = 0;
+        while (records <= noise.size() && read.Read(in))
+            ++records;
+        EXPECT_LE(records, noise.size() / 45);
+    }
+
+    // Lengths that claim gigabytes fail before anything of that size is allocated.
+    for (std::string const& lie :
+         {std::string("\x01", 1) + Word(0xFFFFFFF0) + "abcdefgh",
+          std::string("\x01", 1) + Name("ab") + Word(0x7FFFFFFF) + std::string(40, 'x')}) {
+        Put(path, lie);
+        bool result = true;
+        std::size_t const largest = LargestAllocation([&] { result = ReadFrom(path, read); });
+        EXPECT_FALSE(result);
+        EXPECT_LT(largest, 1u << 20); // the stream's own buffer at most
+    }
+    EXPECT_STREQ(&read.GetKey(), "ab");
+}
