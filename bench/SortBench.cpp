@@ -14,8 +14,10 @@ namespace {
 void FillLikeASearch(DFileLoad& load, unsigned count) {
     std::mt19937 random(7);
     for (unsigned i = 0; i < count; ++i) {
+        // Unique names, as a search gives them, in a random order.
         std::string const path = "Z:\\data\\dir" + std::to_string(random() % 5000) + "\\file" +
-                                 std::to_string(random()) + ".txt";
+                                 std::to_string(random() % 1000000) + "-" + std::to_string(i) +
+                                 ".txt";
         std::uint64_t const ticks = (13000000000ull + random() % 100000000) * 10000000ull;
         FILETIME const date{static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
         DWORD const attributes = random() % 10 == 0 ? 0x10 : 0x20;

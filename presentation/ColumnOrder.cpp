@@ -45,10 +45,13 @@ std::uint64_t Head(char const* text, unsigned int size) {
     return head;
 }
 
+// The first sixteen bytes go into the two numbers, so most texts compare without a look at
+// the record itself.
 void SetText(ColumnKey& key, char const* text, unsigned int size) {
     key.text = text;
     key.size = size;
     key.high = Head(text, size);
+    key.low = size > 8 ? Head(text + 8, size - 8) : 0;
 }
 
 // Unsigned bytes, a text before any longer text it begins.
@@ -105,14 +108,18 @@ ColumnKey MakeColumnKey(DFile const& record, unsigned int column, unsigned int s
     return key;
 }
 
-int ColumnCompare(ColumnKey const& left, ColumnKey const& right, unsigned int column) {
+bool ColumnBreaksTies(unsigned int column) {
     Kind const kind = KindOf(column);
+    return kind != Kind::Name && kind != Kind::Path;
+}
+
+int ColumnCompare(ColumnKey const& left, ColumnKey const& right, unsigned int column) {
     int order = Order(left.high, right.high);
     if (order == 0)
         order = Order(left.low, right.low);
     if (order == 0 && left.text)
         order = CompareBytes(left.text, left.size, right.text, right.size);
-    if (order != 0 || kind == Kind::Name || kind == Kind::Path)
+    if (order != 0 || !ColumnBreaksTies(column))
         return order;
     order = Order(left.pathHead, right.pathHead);
     return order != 0 ? order : CompareBytes(left.path, left.pathSize, right.path, right.pathSize);

@@ -10,8 +10,8 @@
 
 // What one column compares of one record. Texts are views into the record, never copies.
 struct ColumnKey {
-    std::uint64_t high = 0;     // the size, the local date, attribute letters, or 8 text bytes
-    std::uint64_t low = 0;      // the local time of day, or the last attribute letter
+    std::uint64_t high = 0;     // the size, the local date, attribute letters, or text bytes 0-7
+    std::uint64_t low = 0;      // the local time of day, the last attribute letter, or bytes 8-15
     char const* text = nullptr; // the compared text (file name or path), when there is one
     unsigned int size = 0;
     unsigned int index = 0;     // where the record stood
@@ -28,6 +28,9 @@ ColumnKey MakeColumnKey(DFile const& record, unsigned int column, unsigned int s
 // `column`: the column's value first, the full path on a tie, except for the name and path
 // columns, which have no tie-break.
 int ColumnCompare(ColumnKey const& left, ColumnKey const& right, unsigned int column);
+
+// Whether `column` breaks ties of its value by the full path.
+bool ColumnBreaksTies(unsigned int column);
 
 // The number of leading bytes that every path of `records` has in common.
 unsigned int CommonPathPrefix(std::vector<DFile*> const& records);

@@ -10,6 +10,7 @@
 #include <tessik/DFileLoad.h>
 
 #include <algorithm>
+#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -68,17 +69,51 @@ void MoveContents(std::vector<DFile*> const& nodes, std::vector<unsigned> const&
     }
 }
 
-std::vector<unsigned> Positions(std::vector<ColumnKey> const& keys) {
-    std::vector<unsigned> positions;
-    positions.reserve(keys.size());
-    for (ColumnKey const& key : keys)
-        positions.push_back(key.index);
+// The positions 0 to n - 1, in order.
+std::vector<unsigned> InOrder(std::size_t n) {
+    std::vector<unsigned> positions(n);
+    std::iota(positions.begin(), positions.end(), 0u);
     return positions;
 }
 
-bool PathBefore(ColumnKey const& a, ColumnKey const& b) {
-    return ColumnCompare(a, b, ColumnPath) < 0;
+// The leading numbers of a key and the key's position: what a sort moves around.
+struct SortItem {
+    std::uint64_t first;
+    std::uint64_t second;
+    std::uint64_t third;
+    unsigned index;
+};
+
+// The items of the keys, in their order; `ties` puts the head of the path behind the value.
+std::vector<SortItem> ItemsOf(std::vector<ColumnKey> const& keys, bool ties) {
+    std::vector<SortItem> items(keys.size());
+    for (unsigned i = 0; i < keys.size(); ++i)
+        items[i] = SortItem{keys[i].high, keys[i].low, ties ? keys[i].pathHead : 0, i};
+    return items;
 }
+
+std::vector<unsigned> IndicesOf(std::vector<SortItem> const& items) {
+    std::vector<unsigned> indices(items.size());
+    for (std::size_t i = 0; i < items.size(); ++i)
+        indices[i] = items[i].index;
+    return indices;
+}
+
+// Ascending order of items: their numbers first, the whole keys only when those are equal.
+struct ItemOrder {
+    std::vector<ColumnKey> const& keys;
+    unsigned int column;
+
+    bool operator()(SortItem const& a, SortItem const& b) const {
+        if (a.first != b.first)
+            return a.first < b.first;
+        if (a.second != b.second)
+            return a.second < b.second;
+        if (a.third != b.third)
+            return a.third < b.third;
+        return ColumnCompare(keys[a.index], keys[b.index], column) < 0;
+    }
+};
 
 // The quicksort on the full path: the first element of a range is its pivot, and a hole moves
 // between the two ends. Keys equal to the pivot are passed over and stay where they stand, so
@@ -86,22 +121,28 @@ bool PathBefore(ColumnKey const& a, ColumnKey const& b) {
 class PathQuicksort {
 public:
     explicit PathQuicksort(std::vector<DFile*> const& nodes)
-        : keys(KeysOf(nodes, ColumnPath)), order(Positions(keys)), shared(keys.size(), false) {
-        sorted = keys;
-        std::sort(sorted.begin(), sorted.end(), PathBefore);
+        : keys(KeysOf(nodes, ColumnPath)), order(InOrder(keys.size())), group(keys.size(), none),
+          seen(keys.size(), 0) {
+        sorted = ItemsOf(keys, false);
+        std::sort(sorted.begin(), sorted.end(), ItemOrder{keys, ColumnPath});
         for (std::size_t i = 1; i < sorted.size(); ++i) {
             // Records whose path another record shares with other contents: only their order
-            // among themselves needs the steps of the quicksort.
+            // among themselves needs the steps of the quicksort. Each such path is a group.
             DFile const& a = *nodes[sorted[i - 1].index];
             DFile const& b = *nodes[sorted[i].index];
-            if (a.fullPath == b.fullPath && !SameContents(a, b))
-                shared[sorted[i - 1].index] = shared[sorted[i].index] = anyShared = true;
+            if (a.fullPath != b.fullPath || SameContents(a, b))
+                continue;
+            unsigned& first = group[sorted[i - 1].index];
+            if (first == none)
+                first = static_cast<unsigned>(i - 1);
+            group[sorted[i].index] = first;
+            anyShared = true;
         }
     }
 
     std::vector<unsigned> Run() {
         if (!anyShared)
-            return Positions(sorted); // the one ascending order there is
+            return IndicesOf(sorted); // the one ascending order there is
         std::vector<std::pair<unsigned, unsigned>> ranges;
         if (!order.empty())
             ranges.emplace_back(0u, static_cast<unsigned>(order.size() - 1));
@@ -125,16 +166,20 @@ private:
     }
 
     // Whether the outcome on the range is known without the steps: a range in ascending order
-    // is left as it stands, and a range in which no two records share a path with other
-    // contents ends in the one ascending order there is.
+    // is left as it stands, and a range that holds no two records of one group ends in the one
+    // ascending order there is.
     bool Settled(unsigned first, unsigned last) {
+        ++stamp;
         bool ascending = true;
         bool plain = true;
         for (unsigned i = first; i <= last; ++i) {
             if (i > first && Compare(order[i], order[i - 1]) < 0)
                 ascending = false;
-            if (shared[order[i]])
+            unsigned const g = group[order[i]];
+            if (g != none && seen[g] == stamp)
                 plain = false;
+            else if (g != none)
+                seen[g] = stamp;
         }
         if (ascending)
             return true;
@@ -163,10 +208,14 @@ private:
         return l;
     }
 
+    static constexpr unsigned none = ~0u;
+
     std::vector<ColumnKey> keys;
-    std::vector<ColumnKey> sorted;
+    std::vector<SortItem> sorted;
     std::vector<unsigned> order;
-    std::vector<bool> shared;
+    std::vector<unsigned> group; // of each record: its shared path, or none
+    std::vector<unsigned> seen;  // the last range in which a group was met
+    unsigned stamp = 0;
     bool anyShared = false;
 };
 
@@ -213,24 +262,24 @@ void DFileLoad::SortAlpha(unsigned int const& column, bool descending) {
     if (n < 2)
         return;
     std::vector<DFile*> const nodes = NodesOf(files, 0, n);
-    std::vector<ColumnKey> keys = KeysOf(nodes, column);
-    auto const before = [&](ColumnKey const& a, ColumnKey const& b) {
-        return ColumnCompare(a, b, column) < 0;
-    };
+    std::vector<ColumnKey> const keys = KeysOf(nodes, column);
+    // What the sort moves around is small: the leading numbers of each key, and its position.
+    std::vector<SortItem> items = ItemsOf(keys, ColumnBreaksTies(column));
+    ItemOrder const before{keys, column};
 
     // An insertion pass moves a record only past greater ones: a stable sort of each of the
     // interleaved sequences that the gap makes. The gap 3 sorts three of them, the gap 1 all.
     for (unsigned start = 0; start < 3 && start < n; ++start) {
-        std::vector<ColumnKey> interleaved;
+        std::vector<SortItem> interleaved;
         interleaved.reserve(n / 3 + 1);
         for (unsigned i = start; i < n; i += 3)
-            interleaved.push_back(keys[i]);
+            interleaved.push_back(items[i]);
         std::stable_sort(interleaved.begin(), interleaved.end(), before);
         for (unsigned i = start, k = 0; i < n; i += 3, ++k)
-            keys[i] = interleaved[k];
+            items[i] = interleaved[k];
     }
-    std::stable_sort(keys.begin(), keys.end(), before);
+    std::stable_sort(items.begin(), items.end(), before);
     if (descending)
-        std::reverse(keys.begin(), keys.end());
-    MoveContents(nodes, Positions(keys));
+        std::reverse(items.begin(), items.end());
+    MoveContents(nodes, IndicesOf(items));
 }
