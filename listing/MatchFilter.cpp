@@ -1,4 +1,4 @@
-// The match filter: does one entry fit a specification? Tests run in a fixed order and the
+// The match filter: does one entry fit the search criteria? Tests run in a fixed order and the
 // first that fails ends the call; the content, the only costly test, comes last.
 #include <tessik/DFileLoad.h>
 

@@ -7,7 +7,7 @@ bool DFileLoad::LoadDirListing(DirectoryListingSpec const& criteria) {
 
 namespace {
 
-// The specification a directories-only or files-only run uses: `spec` itself when it already
+// The criteria a directories-only or files-only run uses: `spec` itself when it already
 // asks for that, else a copy with the directory bit and the given attribute test.
 DirectoryListingSpec const& WithDirectoryBit(DirectoryListingSpec const& spec, char test,
                                              DirectoryListingSpec& made) {

@@ -1,4 +1,4 @@
-// The search specification record: making, copying, emptying.
+// The search criteria record: making, copying, emptying.
 #include <tessik/DFile.h>
 #include <tessik/DirectoryListingSpec.h>
 

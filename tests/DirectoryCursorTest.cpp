@@ -51,7 +51,7 @@ TEST(DirectoryCursor, EmptyDirectoryGivesFalseWithTheCursorOpen) {
     EXPECT_FALSE(++load);
 }
 
-TEST(DirectoryCursor, ChoosesTheDirectoryFromTheSpecification) {
+TEST(DirectoryCursor, ChoosesTheDirectoryFromTheCriteria) {
     TempTree tree;
     tree.MakeDir("A");
     tree.MakeDir("B");

@@ -31,7 +31,7 @@ void Add(DFileLoad& load, char const* paths) {
 
 int control;
 
-// Something in each kind of field: lists, the specification, the found record, names,
+// Something in each kind of field: lists, the search criteria, the found record, names,
 // tallies, flags and an attached control.
 void FillAll(DFileLoad& load) {
     Add(load, "F1 D1");

@@ -38,7 +38,7 @@ public:
     FILETIME dateLastAccessed;
     FILETIME dateWritten;
 
-    // Every constructor starts from the empty specification. An empty name, or a null or empty
+    // Every constructor starts from empty criteria. An empty name, or a null or empty
     // text, adds no element to its list; a text is one whole pattern, never split.
     DirectoryListingSpec(DName const& namePattern = 0, DName const& directory = 0,
                          DWORD const& attributes = 0, DWORD const& size = 0, char attributeTest = 0,
@@ -49,7 +49,7 @@ public:
     DirectoryListingSpec(DName const& namePattern, DName const& directory, DWORD const& attributes,
                          DWORD const& size, FILETIME const& created, FILETIME const& accessed,
                          FILETIME const& written);
-    DirectoryListingSpec(int const& value); // the empty specification; `value` is not read
+    DirectoryListingSpec(int const& value); // empty criteria; `value` is not read
     DirectoryListingSpec(char const* namePattern);
     DirectoryListingSpec(char const* namePattern, DWORD const& attributes, char attributeTest);
     // A content search needs containingMode set as well.
