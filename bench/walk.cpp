@@ -5,18 +5,40 @@
 //   tessik_walk count TREE   counts the entries without storing them
 #include <tessik/tessik.h>
 
-#include <cinttypes>
 #include <cstdio>
 #include <cstring>
 
 namespace {
 
-// Prints a date as seconds since 1970 with seven decimals, like find's %T@, in integers.
-void PrintSeconds(FILETIME const& date) {
+// Writes `value` in decimal at `out`, at least `digits` digits; gives the end.
+char* Decimal(char* out, std::uint64_t value, int digits = 1) {
+    char reversed[24];
+    int n = 0;
+    do {
+        reversed[n++] = static_cast<char>('0' + value % 10);
+        value /= 10;
+    } while (value != 0 || n < digits);
+    while (n > 0)
+        *out++ = reversed[--n];
+    return out;
+}
+
+// One "size seconds path" line, the date in seconds since 1970 with seven decimals like
+// find's %T@.
+void PrintEntry(DFile const& file) {
+    FILETIME const& date = file.GetDateWritten();
     std::uint64_t const ticks =
         (static_cast<std::uint64_t>(date.dwHighDateTime) << 32) | date.dwLowDateTime;
-    std::int64_t const seconds = static_cast<std::int64_t>(ticks / 10000000) - 11644473600LL;
-    std::printf("%" PRId64 ".%07u", seconds, static_cast<unsigned>(ticks % 10000000));
+    std::uint64_t const epoch = 116444736000000000ull;
+    std::uint64_t const since = ticks > epoch ? ticks - epoch : 0;
+    char line[64];
+    char* end = Decimal(line, file.GetFileSize64());
+    *end++ = ' ';
+    end = Decimal(end, since / 10000000);
+    *end++ = '.';
+    end = Decimal(end, since % 10000000, 7);
+    *end++ = ' ';
+    std::fwrite(line, 1, static_cast<std::size_t>(end - line), stdout);
 }
 
 int Usage() {
@@ -48,12 +70,10 @@ int main(int argc, char** argv) {
     static char buffer[1 << 16];
     std::setvbuf(stdout, buffer, _IOFBF, sizeof buffer);
     for (DFile const* file = load.files.head; file; file = file->next) {
-        if (!grep) {
-            std::printf("%" PRIu64 " ", file->GetFileSize64());
-            PrintSeconds(file->GetDateWritten());
-            std::putchar(' ');
-        }
-        std::printf("%s\n", &file->GetFullPath());
+        if (!grep)
+            PrintEntry(*file);
+        std::fwrite(&file->GetFullPath(), 1, file->GetFullPath().Size(), stdout);
+        std::putchar('\n');
     }
     return 0;
 }
