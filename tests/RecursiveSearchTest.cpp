@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <random>
 #include <set>
 #include <string>
 #include <sys/stat.h>
@@ -275,4 +276,37 @@ TEST(RecursiveSearch, DeepTreeAndEmptyDirectories) {
     EXPECT_TRUE(load.isDirEmpty(DirectoryListingSpec("*.*"), DName(tree.WinPath("none").c_str())));
     EXPECT_FALSE(load.isDirEmpty(DirectoryListingSpec("*.*"), DName(tree.WinPath("t").c_str())));
     EXPECT_TRUE(load.isDirEmpty(DirectoryListingSpec("*.zip"), DName(tree.WinPath("t").c_str())));
+}
+
+TEST(RecursiveSearch, ContentSearchFindsWhatAPlainReadFinds) {
+    // A tree of files with random text; the files that hold a term are those a plain read of
+    // each whole file finds it in (what grep -rlF gives), whatever the block edges.
+    TempTree tree;
+    std::mt19937 random(5);
+    auto pick = [&](unsigned n) { return static_cast<unsigned>(random() % n); };
+    tree.MakeDir("t");
+    tree.MakeDir("t/sub");
+    std::vector<std::pair<std::string, std::string>> files;
+    for (int i = 0; i < 60; ++i) {
+        std::string content(pick(40000), ' ');
+        for (char& c : content)
+            c = "abcdefgh \n"[pick(10)];
+        std::string const name = (i % 2 ? "t/sub/f" : "t/f") + std::to_string(i);
+        tree.MakeFile(name, content);
+        files.emplace_back(name, content);
+    }
+    for (std::string term : {"abcde", "hgfed", "a\nb", "gggg"}) {
+        DirectoryListingSpec spec = In(tree, "t");
+        spec.textToFind = term.c_str();
+        spec.containingMode = 1;
+        spec.readBlockSize = 1000;
+        DFileLoad load;
+        ASSERT_TRUE(load.LoadAllDirListings(spec, true));
+        std::set<std::string> expected;
+        for (auto const& [name, content] : files)
+            if (content.find(term) != std::string::npos)
+                expected.insert(tree.WinPath(name));
+        EXPECT_EQ(PathSet(load), expected) << term;
+        EXPECT_FALSE(expected.empty()) << term;
+    }
 }
