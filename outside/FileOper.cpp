@@ -12,7 +12,9 @@
 
 namespace {
 
-constexpr DWORD bufferCapacity = 64 * 1024;
+// Below the size from which malloc maps memory of its own, so streams opened one after the
+// other reuse the same heap block.
+constexpr DWORD bufferCapacity = 96 * 1024;
 
 } // namespace
 
@@ -109,6 +111,8 @@ bool FileOper::Read(void* data, DWORD const& size, bool const& partial) {
             std::memcpy(target + got, buffer + offset, n);
             got += n;
             position += n;
+        } else if (position >= length && !writable) {
+            break; // the end as the file was opened: no read to learn it
         } else if (!Fill(position)) {
             done = false;
             break;

@@ -29,6 +29,8 @@ constexpr DWORD kMaxChunk = 1u << 30;
 struct FileObject {
     std::uint32_t tag;
     int fd;
+    bool writable;
+    std::int64_t openedSize; // a file opened only for reading keeps the size it had
 };
 
 FileObject* AsFile(HANDLE handle) {
@@ -80,9 +82,22 @@ bool OnPseudoFileSystem(int fd) {
 #endif
 }
 
-bool IsUsableFile(int fd) {
-    struct stat info;
-    return fstat(fd, &info) == 0 && S_ISREG(info.st_mode) && !OnPseudoFileSystem(fd);
+// Whether the file system of `info` is a pseudo one. The answer of the last file system asked
+// is kept, since a search opens file after file on the same one.
+bool OnPseudoFileSystem(int fd, struct stat const& info) {
+    thread_local dev_t lastDevice = 0;
+    thread_local bool lastAnswer = false;
+    thread_local bool asked = false;
+    if (!asked || lastDevice != info.st_dev) {
+        lastAnswer = OnPseudoFileSystem(fd);
+        lastDevice = info.st_dev;
+        asked = true;
+    }
+    return lastAnswer;
+}
+
+bool IsUsableFile(int fd, struct stat& info) {
+    return fstat(fd, &info) == 0 && S_ISREG(info.st_mode) && !OnPseudoFileSystem(fd, info);
 }
 
 int OpenFlags(DWORD access, DWORD disposition) {
@@ -108,7 +123,9 @@ bool MayOpen(std::string const& path, DWORD disposition) {
     return disposition == CREATE_ALWAYS && errno == ENOENT;
 }
 
-int OpenRegular(std::string const& path, DWORD access, DWORD disposition) {
+// O_NONBLOCK stays set: it only kept the open from waiting, and has no effect on the reads and
+// writes of a regular file.
+int OpenRegular(std::string const& path, DWORD access, DWORD disposition, std::int64_t& size) {
     if (!MayOpen(path, disposition))
         return -1;
     int fd;
@@ -117,14 +134,15 @@ int OpenRegular(std::string const& path, DWORD access, DWORD disposition) {
     while (fd < 0 && errno == EINTR);
     if (fd < 0)
         return -1;
-    int flags = fcntl(fd, F_GETFL);
-    bool ready = IsUsableFile(fd) && flags != -1 && fcntl(fd, F_SETFL, flags & ~O_NONBLOCK) == 0;
+    struct stat info;
+    bool ready = IsUsableFile(fd, info);
     if (ready && disposition == CREATE_ALWAYS)
         ready = ftruncate(fd, 0) == 0;
     if (!ready) {
         close(fd);
         return -1;
     }
+    size = disposition == CREATE_ALWAYS ? 0 : static_cast<std::int64_t>(info.st_size);
     return fd;
 }
 
@@ -151,10 +169,12 @@ HANDLE CreateFileA(char const* path, DWORD access, DWORD, void*, DWORD dispositi
         return INVALID_HANDLE_VALUE;
     if (!posix::ToPosixPath(path, posixPath))
         return INVALID_HANDLE_VALUE;
-    int fd = OpenRegular(posixPath, access, disposition);
+    std::int64_t size = 0;
+    int fd = OpenRegular(posixPath, access, disposition, size);
     if (fd < 0)
         return INVALID_HANDLE_VALUE;
-    FileObject* file = new (std::nothrow) FileObject{kFileTag, fd};
+    bool const writable = (access & GENERIC_WRITE) != 0;
+    FileObject* file = new (std::nothrow) FileObject{kFileTag, fd, writable, size};
     if (!file) {
         close(fd);
         return INVALID_HANDLE_VALUE;
@@ -202,8 +222,14 @@ BOOL SetFilePointerEx(HANDLE handle, LARGE_INTEGER distance, LARGE_INTEGER* posi
 
 BOOL GetFileSizeEx(HANDLE handle, LARGE_INTEGER* size) {
     FileObject* file = AsFile(handle);
+    if (!file || !size)
+        return FALSE;
+    if (!file->writable) {
+        size->QuadPart = file->openedSize;
+        return TRUE;
+    }
     struct stat info;
-    if (!file || !size || fstat(file->fd, &info) != 0)
+    if (fstat(file->fd, &info) != 0)
         return FALSE;
     size->QuadPart = static_cast<std::int64_t>(info.st_size);
     return TRUE;
