@@ -43,9 +43,10 @@ void PrintFields(DFileLoad const& load, std::vector<unsigned> const& columns, st
 void PrintTallies(DFileLoad const& load, std::FILE* out) {
     DName size;
     size.FromLong64(load.GetTotalMatchesSize(), 1);
-    std::fprintf(out, "%lu entries searched in %lu directories: %lu matches, %s bytes, %lu ms\n",
-                 static_cast<unsigned long>(load.GetTotalSearched()),
-                 static_cast<unsigned long>(load.GetTotalSearchDirs()),
+    unsigned long const directories = load.GetTotalSearchDirs();
+    std::fprintf(out, "%lu entries searched in %lu %s: %lu matches, %s bytes, %lu ms\n",
+                 static_cast<unsigned long>(load.GetTotalSearched()), directories,
+                 directories == 1 ? "directory" : "directories",
                  static_cast<unsigned long>(load.GetTotalMatches()), &size,
                  static_cast<unsigned long>(load.GetTotalSearchMilliseconds()));
 }
