@@ -312,3 +312,28 @@ TEST(RecursiveSearch, ContentSearchFindsWhatAPlainReadFinds) {
         EXPECT_FALSE(expected.empty()) << term;
     }
 }
+
+TEST(RecursiveSearch, PatternsAndTextsOfEveryByte) {
+    TempTree tree;
+    tree.MakeDir("t");
+    std::string every;
+    for (int c = 0; c < 256; ++c)
+        every += static_cast<char>(c);
+    tree.MakeFile("t/all", every + every);
+    tree.MakeFile("t/plain", "nothing special");
+    for (int mode : {1, 2, 4, 9, 12}) {
+        // A pattern of the bytes 1 to 255, and one that lets every name through, so each name
+        // meets the odd one first.
+        DirectoryListingSpec spec(DName(every.c_str() + 1), DName(tree.WinPath("t").c_str()));
+        spec.namePatterns.InsertRight(DName("*"));
+        spec.textToFind.Namen(every.data(), static_cast<unsigned int>(every.size()));
+        spec.containingMode = static_cast<BYTE>(mode);
+        DFileLoad load;
+        EXPECT_TRUE(load.LoadAllDirListings(spec, true));
+        // The whole text, zero byte and all, stands only in `all`; split into words, it has
+        // pieces that both files hold or that neither does, but the search ends either way.
+        if (mode == 1 || mode == 9) {
+            EXPECT_EQ(PathSet(load), std::set<std::string>{tree.WinPath("t\\all")}) << mode;
+        }
+    }
+}
