@@ -21,27 +21,27 @@ char Separator(bool forward) {
     return forward ? '/' : '\\';
 }
 
-bool HasDrive(DName const& path) {
-    return IsLetter(path[0]) && path[1] == ':';
+bool HasDrive(char const* text, unsigned int size) {
+    return size >= 2 && IsLetter(text[0]) && text[1] == ':';
 }
 
-unsigned int RootLength(DName const& path) {
-    unsigned int root = HasDrive(path) ? 2 : 0;
-    while (root < path.Size() && IsSeparator(path[root]))
+unsigned int RootLength(char const* text, unsigned int size) {
+    unsigned int root = HasDrive(text, size) ? 2 : 0;
+    while (root < size && IsSeparator(text[root]))
         ++root;
     return root;
 }
 
 // `end` moved back over the separators before it, never into the root.
-unsigned int TrimSeparators(DName const& path, unsigned int root, unsigned int end) {
-    while (end > root && IsSeparator(path[end - 1]))
+unsigned int TrimSeparators(char const* text, unsigned int root, unsigned int end) {
+    while (end > root && IsSeparator(text[end - 1]))
         --end;
     return end;
 }
 
 // The start of the component that ends at `end`.
-unsigned int ComponentStart(DName const& path, unsigned int root, unsigned int end) {
-    while (end > root && !IsSeparator(path[end - 1]))
+unsigned int ComponentStart(char const* text, unsigned int root, unsigned int end) {
+    while (end > root && !IsSeparator(text[end - 1]))
         --end;
     return end;
 }
@@ -54,17 +54,24 @@ bool NeedsSeparator(DName const& first) {
 
 } // namespace
 
+void DName::LastComponent(char const* bytes, unsigned int length, unsigned int& start,
+                          unsigned int& end) {
+    unsigned int const root = RootLength(bytes, length);
+    end = TrimSeparators(bytes, root, length);
+    start = ComponentStart(bytes, root, end);
+}
+
 bool DName::RemDir() {
-    unsigned int root = RootLength(*this);
-    unsigned int end = TrimSeparators(*this, root, size);
-    Keep(ComponentStart(*this, root, end), end);
+    unsigned int start, end;
+    LastComponent(text, size, start, end);
+    Keep(start, end);
     return size != 0;
 }
 
 bool DName::RemDir(DName& out) {
-    unsigned int root = RootLength(*this);
-    unsigned int end = TrimSeparators(*this, root, size);
-    return size != 0 && Split(ComponentStart(*this, root, end), end, 0, end, out);
+    unsigned int start, end;
+    LastComponent(text, size, start, end);
+    return size != 0 && Split(start, end, 0, end, out);
 }
 
 bool DName::RemFilename() {
@@ -73,14 +80,14 @@ bool DName::RemFilename() {
 }
 
 bool DName::RemFilename(DName& out) {
-    unsigned int root = RootLength(*this);
-    unsigned int start = ComponentStart(*this, root, size);
-    unsigned int cut = TrimSeparators(*this, root, start);
+    unsigned int root = RootLength(text, size);
+    unsigned int start = ComponentStart(text, root, size);
+    unsigned int cut = TrimSeparators(text, root, start);
     return cut != size && Split(start, size, 0, cut, out); // a bare root has nothing to remove
 }
 
 bool DName::RemDrive(DName& out) {
-    return HasDrive(*this) && Split(0, 2, 2, size, out);
+    return HasDrive(text, size) && Split(0, 2, 2, size, out);
 }
 
 bool DName::RemIndexDir(DName& out) {
@@ -131,10 +138,10 @@ bool DName::AttachSlash(bool const& forward) {
 }
 
 bool DName::ChopPath(bool const& all) {
-    unsigned int root = RootLength(*this);
+    unsigned int root = RootLength(text, size);
     unsigned int end = size;
     if (end > root && IsSeparator(text[end - 1]))
-        end = all ? TrimSeparators(*this, root, size) : end - 1;
+        end = all ? TrimSeparators(text, root, size) : end - 1;
     if (end == size)
         return false;
     Keep(0, end);

@@ -1,7 +1,5 @@
 #include "presentation/ColumnOrder.h"
 
-#include "records/EntryNames.h"
-
 #include <tessik/DFileLoad.h>
 
 #include <algorithm>
@@ -79,7 +77,7 @@ ColumnKey MakeColumnKey(DFile const& record, unsigned int column, unsigned int s
     switch (KindOf(column)) {
     case Kind::Name: {
         unsigned int start, end;
-        entry_names::LastComponent(path, pathSize, start, end);
+        DName::LastComponent(path, pathSize, start, end);
         SetText(key, path + start, end - start);
         break;
     }

@@ -75,6 +75,10 @@ public:
     DWORD GetNumber(unsigned int const& index, unsigned int* end) const;
 
     // Paths.
+    // Where the last component of a path lies: behind the root (a drive and the separators
+    // after it), trailing separators passed over. What RemDir() leaves, without a copy.
+    static void LastComponent(char const* bytes, unsigned int length, unsigned int& start,
+                              unsigned int& end);
     bool RemDir();                // leaves the last component
     bool RemDir(DName& out);      // drops trailing separators, the last component into out
     bool RemFilename();           // removes the last component and its separator
