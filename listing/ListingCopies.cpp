@@ -38,29 +38,14 @@ template <class Test> bool RemoveRecords(Container<DFile>& files, Test removes) 
 
 } // namespace
 
-DFileLoad::DFileLoad(DFileLoad const& other)
-    : browseIsDir(other.browseIsDir), files(other.files), findHandle(nullptr),
-      openFileFlags(other.openFileFlags), browseDirFlags(other.browseDirFlags),
-      browseFilterIndex(other.browseFilterIndex), spec(other.spec), foundFile(other.foundFile),
-      workPath(other.workPath), storedDir(other.storedDir), browseDir(other.browseDir),
-      browseTitle(other.browseTitle), browseFilter(other.browseFilter),
-      browseNames(other.browseNames), searchTerms(other.searchTerms),
-      totalSearched(other.totalSearched), totalMatches(other.totalMatches),
-      totalSearchMilliseconds(other.totalSearchMilliseconds),
-      totalSearchDirs(other.totalSearchDirs), totalMatchesSize(other.totalMatchesSize),
-      countOnly(other.countOnly), analysis(other.analysis), totalArchive(other.totalArchive),
-      totalCompressed(other.totalCompressed), totalNormal(other.totalNormal),
-      totalDirectory(other.totalDirectory), totalHidden(other.totalHidden),
-      totalEncrypted(other.totalEncrypted), totalSystem(other.totalSystem),
-      totalTemporary(other.totalTemporary), totalReadOnly(other.totalReadOnly),
-      totalArchiveSize(other.totalArchiveSize), totalCompressedSize(other.totalCompressedSize),
-      totalNormalSize(other.totalNormalSize), totalDirectorySize(other.totalDirectorySize),
-      totalHiddenSize(other.totalHiddenSize), totalEncryptedSize(other.totalEncryptedSize),
-      totalSystemSize(other.totalSystemSize), totalTemporarySize(other.totalTemporarySize),
-      totalReadOnlySize(other.totalReadOnlySize), totalSearchedSize(other.totalSearchedSize),
-      abortRequested(other.abortRequested), searching(other.searching),
-      progressBar(other.progressBar), percentText(other.percentText), statusWnd(other.statusWnd),
-      listControl(other.listControl) {}
+// Field by field as the assignment does, on a new object: its criteria keep the stream byte 0
+// of a new object, and its found record takes over the source's link and scrambling state,
+// which an assignment leaves to the target.
+DFileLoad::DFileLoad(DFileLoad const& other) : DFileLoad() {
+    *this = other;
+    foundFile.next = other.foundFile.next;
+    foundFile.dataEncrypted = other.foundFile.dataEncrypted;
+}
 
 DFileLoad& DFileLoad::operator=(DFileLoad const& other) {
     if (&other == this)
