@@ -21,26 +21,15 @@ TEST(RecordPaths, WildCardMatchesTheWholePathWithoutBacktracking) {
         char const* pattern;
         char const* path;
         bool matches;
+        // clang-format off
     } const cases[] = {
-        {"*", "Z:\\any\\path.txt", true},
-        {"*", "", false},
-        {"", "a", false},
-        {"a*", "a", false},
-        {"a*c", "abxc", true},
-        {"a*bc", "abxbc", false},
-        {"*?", "ab?", true},
-        {"*?", "a?b", false},
-        {"**", "ab*", true},
-        {"**", "a*b", false},
-        {"A?", "ab", false},
-        {"a?", "ab", true},
-        {"?", "ab", false},
-        {"ab", "a", false},
-        {"Z:\\*.txt", "Z:\\d\\n.txt", true},
-        {"*.txt", "n.txt.bak", false},
-        {"a*", "ab", true},
-        {"*b", "abab", false},
+        {"*", "Z:\\any\\path.txt", true}, {"*", "", false}, {"", "a", false}, {"a*", "a", false},
+        {"a*c", "abxc", true}, {"a*bc", "abxbc", false}, {"*?", "ab?", true}, {"*?", "a?b", false},
+        {"**", "ab*", true}, {"**", "a*b", false}, {"A?", "ab", false}, {"a?", "ab", true},
+        {"?", "ab", false}, {"ab", "a", false}, {"Z:\\*.txt", "Z:\\d\\n.txt", true},
+        {"*.txt", "n.txt.bak", false}, {"a*", "ab", true}, {"*b", "abab", false},
     };
+    // clang-format on
     for (Case const& c : cases) {
         DFile file = Record(c.path);
         EXPECT_EQ(file.IsWildCard(DName(c.pattern)), c.matches) << c.pattern << " " << c.path;
