@@ -2,8 +2,6 @@
 // into `browseNames`, the chosen files' directory into `browseDir`.
 #include <tessik/DFileLoad.h>
 
-#include <cstring>
-
 namespace {
 
 // Six pairs of a description and a pattern, and the closing zero: 117 bytes.
@@ -35,14 +33,11 @@ void SplitNames(char const* buffer, unsigned int end, char separator, Container<
 // Explorer form: zero-separated names up to the first two zeros side by side. Otherwise the
 // text ends at the first zero and blanks separate the names.
 void SplitAnswer(char const* buffer, unsigned int size, bool explorer, Container<DName>& names) {
-    if (!explorer) {
-        SplitNames(buffer, static_cast<unsigned int>(strnlen(buffer, size)), ' ', names);
-        return;
-    }
     unsigned int end = 0;
-    while (end < size && !(buffer[end] == 0 && (end + 1 == size || buffer[end + 1] == 0)))
+    while (end < size &&
+           !(buffer[end] == 0 && (!explorer || end + 1 == size || buffer[end + 1] == 0)))
         ++end;
-    SplitNames(buffer, end, '\0', names);
+    SplitNames(buffer, end, explorer ? '\0' : ' ', names);
 }
 
 } // namespace
