@@ -30,15 +30,24 @@ DName Full(TempTree const& tree, std::string const& relative) {
 } // namespace
 
 // Each case on a fresh tree of a file, a read-only file, an empty directory and a full one.
-TEST(DirectoryServices, RemoveTakesFilesAndEmptyDirectoriesOnly) {
+// Removals start from the root directory: a full path works from anywhere.
+TEST(DirectoryServices, RemoveAndMakeDirOnARealTree) {
     struct Case {
-        char const *path, *gone; // "" is the empty name, and nothing gone
-        bool removed;
+        char op;          // Remove, MakeDir, MakeSingleDir
+        char const* path; // below the tree; "" is the empty name
+        bool result;
+        char const *gone, *made, *cwd; // cwd below the tree, or "/"
         // clang-format off
     } const cases[] = {
-        {"", "", false}, {"f", "f", true}, {"ro", "ro", true}, {"missing", "", false},
-        {"full", "", false}, {"empty", "empty", true}, {"empty\\", "empty", true},
-        {"empty//", "empty", true}, {"full/g", "full/g", true},
+        {'r', "", false, "", "", "/"}, {'r', "f", true, "f", "", "/"},
+        {'r', "ro", true, "ro", "", "/"}, {'r', "missing", false, "", "", "/"},
+        {'r', "full", false, "", "", "/"}, {'r', "empty", true, "empty", "", "/"},
+        {'r', "empty\\", true, "empty", "", "/"}, {'r', "empty//", true, "empty", "", "/"},
+        {'r', "full/g", true, "full/g", "", "/"}, {'m', "", false, "", "", ""},
+        {'s', "", false, "", "", ""}, {'m', "a\\b\\c", true, "", "a/b/c", "a/b/c"},
+        {'m', "a/b//c", true, "", "a/b/c", "a/b/c"}, {'m', "full", true, "", "", "full"},
+        {'s', "s\\\\", true, "", "s", "s"}, {'s', "s/", true, "", "s", "s"},
+        {'m', "f\\x\\y", false, "", "", ""}, // f is a file: the walk stops in the tree
     };
     // clang-format on
     for (Case const& c : cases) {
@@ -51,45 +60,28 @@ TEST(DirectoryServices, RemoveTakesFilesAndEmptyDirectoriesOnly) {
         tree.MakeFile("full/g");
         std::set<std::string> expected = Tree(tree);
         expected.erase(c.gone);
-        ASSERT_EQ(chdir("/"), 0); // a full path works from any current directory
-        EXPECT_EQ(DFileLoad().Remove(Full(tree, c.path)), c.removed) << c.path;
-        EXPECT_EQ(Tree(tree), expected) << c.path;
-        EXPECT_EQ(fs::current_path(), "/");
-    }
-}
-
-TEST(DirectoryServices, MakeDirCreatesEveryLevelAndEntersIt) {
-    struct Case {
-        char const* path;
-        bool single, made;
-        char const* cwd; // where the process stands afterwards, below the tree
-        // clang-format off
-    } const cases[] = {
-        {"", false, false, "."}, {"", true, false, "."}, {"a\\b\\c", false, true, "a/b/c"},
-        {"a/b//c", false, true, "a/b/c"}, {"old\\sub", false, true, "old/sub"},
-        {"s\\\\", true, true, "s"}, {"s/", true, true, "s"}, {"file\\x\\y", false, false, "."},
-    };
-    // clang-format on
-    for (Case const& c : cases) {
-        TempTree tree;
-        tree.MakeDir("old");
-        tree.MakeDir("old/sub");
-        tree.MakeFile("file");
-        ASSERT_EQ(chdir(tree.Root().c_str()), 0);
+        for (fs::path made = c.made; !made.empty(); made = made.parent_path())
+            expected.insert(made.string());
+        ASSERT_EQ(chdir(c.op == 'r' ? "/" : tree.Root().c_str()), 0);
         DFileLoad const load;
         DName const path = Full(tree, c.path);
-        EXPECT_EQ(c.single ? load.MakeSingleDir(path) : load.MakeDir(path), c.made) << c.path;
-        EXPECT_TRUE(fs::equivalent(fs::current_path(), tree.Path(c.cwd))) << c.path;
+        bool const result = c.op == 'r'   ? load.Remove(path)
+                            : c.op == 'm' ? load.MakeDir(path)
+                                          : load.MakeSingleDir(path);
+        EXPECT_EQ(result, c.result) << c.op << c.path;
+        EXPECT_EQ(Tree(tree), expected) << c.op << c.path;
+        EXPECT_TRUE(fs::equivalent(fs::current_path(), *c.cwd == '/' ? "/" : tree.Path(c.cwd)));
     }
 }
 
 TEST(DirectoryServices, FreeRoomIn64KiBUnits) {
-    std::uint64_t const bytes[] = {1000000, 65535, 65536, (std::uint64_t(1) << 48) + 5 * 65536 + 3};
-    DWORD const units[] = {15, 0, 1, 5};
     DFileLoad load;
-    for (int i = 0; i < 4; ++i) {
-        HeadlessSetDiskRoom(&bytes[i]);
-        EXPECT_EQ(load.GetDiskFreeSpaceA(), units[i]) << bytes[i];
+    for (auto [bytes, units] : {std::pair<std::uint64_t, DWORD>{1000000, 15},
+                                {65535, 0},
+                                {65536, 1},
+                                {(std::uint64_t(1) << 48) + 5 * 65536 + 3, 5}}) {
+        HeadlessSetDiskRoom(&bytes);
+        EXPECT_EQ(load.GetDiskFreeSpaceA(), units) << bytes;
     }
     HeadlessSetDiskRoom(nullptr);
 
