@@ -3,6 +3,7 @@
 // A file HANDLE is a heap object holding the descriptor. Only regular files open: anything else
 // is refused before it is opened where a stat can tell, and again after it (a name can change in
 // between), and the open itself never waits (O_NONBLOCK until the file is known to be regular).
+// A link in the last component is never followed (O_NOFOLLOW).
 #define _FILE_OFFSET_BITS 64
 
 #include <tessik/platform.h>
@@ -101,7 +102,7 @@ bool IsUsableFile(int fd, struct stat& info) {
 }
 
 int OpenFlags(DWORD access, DWORD disposition) {
-    int flags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+    int flags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK | O_NOFOLLOW;
     bool reads = (access & GENERIC_READ) != 0;
     bool writes = (access & GENERIC_WRITE) != 0;
     if (reads && writes)
@@ -115,10 +116,10 @@ int OpenFlags(DWORD access, DWORD disposition) {
     return flags;
 }
 
-// Refuses what already exists and is not a regular file, without opening it.
-bool MayOpen(std::string const& path, DWORD disposition) {
+// Refuses what already exists and is not a regular file (a link too), without opening it.
+bool MayOpen(posix::PathAnchor const& anchor, DWORD disposition) {
     struct stat info;
-    if (stat(path.c_str(), &info) == 0)
+    if (fstatat(anchor.Dir(), anchor.Rest(), &info, AT_SYMLINK_NOFOLLOW) == 0)
         return S_ISREG(info.st_mode);
     return disposition == CREATE_ALWAYS && errno == ENOENT;
 }
@@ -126,11 +127,12 @@ bool MayOpen(std::string const& path, DWORD disposition) {
 // O_NONBLOCK stays set: it only kept the open from waiting, and has no effect on the reads and
 // writes of a regular file.
 int OpenRegular(std::string const& path, DWORD access, DWORD disposition, std::int64_t& size) {
-    if (!MayOpen(path, disposition))
+    posix::PathAnchor const anchor(path);
+    if (!anchor.Reached() || !MayOpen(anchor, disposition))
         return -1;
     int fd;
     do
-        fd = open(path.c_str(), OpenFlags(access, disposition), 0666);
+        fd = openat(anchor.Dir(), anchor.Rest(), OpenFlags(access, disposition), 0666);
     while (fd < 0 && errno == EINTR);
     if (fd < 0)
         return -1;
