@@ -12,6 +12,7 @@
 #include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
+#include <memory>
 #include <new>
 #include <string>
 #include <unistd.h>
@@ -32,6 +33,15 @@ struct FindState {
 };
 
 enum class Step { Found, End, NameTooLong };
+
+// The state of the last enumeration closed on this thread, kept for the next one: a search
+// opens one directory after the other, and the entry buffer is too large to take anew each
+// time.
+thread_local std::unique_ptr<FindState> spare;
+
+FindState* NewState() {
+    return spare ? spare.release() : new (std::nothrow) FindState;
+}
 
 bool HasWildcard(std::string const& name) {
     return name.find_first_of("*?") != std::string::npos;
@@ -121,7 +131,7 @@ HANDLE FindOne(std::string const& directory, std::string const& windowsName,
         return Fail(ERROR_FILENAME_EXCED_RANGE);
     if (!anchor.Reached() || !posix::ReadEntry(anchor.Dir(), anchor.Rest(), 0, name.c_str(), data))
         return Fail(ERROR_FILE_NOT_FOUND);
-    FindState* single = new (std::nothrow) FindState;
+    FindState* single = NewState();
     if (!single)
         return Fail(ERROR_NOT_ENOUGH_MEMORY);
     single->fd = -1;
@@ -143,7 +153,7 @@ HANDLE FindFirstFileA(char const* pattern, WIN32_FIND_DATAA* data) {
                        : -1;
     if (fd < 0)
         return Fail(ERROR_PATH_NOT_FOUND);
-    FindState* state = new (std::nothrow) FindState;
+    FindState* state = NewState();
     if (!state) {
         close(fd);
         return Fail(ERROR_NOT_ENOUGH_MEMORY);
@@ -184,7 +194,10 @@ BOOL FindClose(HANDLE find) {
         return FALSE;
     if (state->fd >= 0)
         close(state->fd);
-    delete state;
+    if (spare)
+        delete state;
+    else
+        spare.reset(state);
     return TRUE;
 }
 

@@ -56,19 +56,20 @@ void AppendPosix(char const* text, std::size_t length, bool separators, std::str
 
 bool ToWindowsName(char const* name, char* out, std::size_t capacity) {
     std::size_t n = 0;
-    for (; *name; ++name) {
-        unsigned char const c = static_cast<unsigned char>(*name);
-        std::size_t const width = IsMapped(c) ? 3 : 1;
-        if (n + width >= capacity)
+    for (;;) {
+        std::size_t const plain = std::strcspn(name, "\\:*?\"<>|"); // runs of bytes as they are
+        if (n + plain >= capacity)
             return false;
-        if (width == 3)
-            Encode(c, out + n);
-        else
-            out[n] = *name;
-        n += width;
+        std::memcpy(out + n, name, plain);
+        n += plain;
+        name += plain;
+        if (!*name)
+            break;
+        if (n + 3 >= capacity)
+            return false;
+        Encode(static_cast<unsigned char>(*name++), out + n);
+        n += 3;
     }
-    if (n >= capacity)
-        return false;
     out[n] = 0;
     return true;
 }
