@@ -51,7 +51,8 @@ bool IsSeparator(char c) {
 
 // A start directory as a full path, so that every record has one. A rooted path takes the
 // current drive; a relative one becomes the directory that the process reaches by it from the
-// current directory, and one that cannot be entered is joined to the current directory.
+// current directory, and one without a drive that cannot be entered is joined to the current
+// directory.
 DName Absolute(DFileLoad const& load, DName const& dir, DName const& current) {
     char const* text = &dir;
     bool const hasDrive = dir.Size() >= 2 && text[1] == ':';
@@ -69,6 +70,8 @@ DName Absolute(DFileLoad const& load, DName const& dir, DName const& current) {
         if (!reached.isEmpty())
             return reached;
     }
+    if (hasDrive)
+        return dir; // a drive that cannot be entered keeps its own name
     DName joined(dir);
     joined.AddHome(current, false);
     return joined;
