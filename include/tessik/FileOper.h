@@ -47,6 +47,7 @@ public:
 
 private:
     bool Fill(std::uint64_t at);
+    bool ReadRest(char* target, DWORD& got);
     bool SeekTo(std::uint64_t at);
     bool WriteOut(void const* data, DWORD size);
 

@@ -120,6 +120,16 @@ TESSIK_API DWORD GetCurrentDirectoryA(DWORD size, char* buffer);
 TESSIK_API BOOL SetCurrentDirectoryA(char const* path);
 TESSIK_API DWORD GetFileAttributesA(char const* path);
 
+// Why the last FindFirstFileA or FindNextFileA of this thread failed (the posix backend sets it
+// nowhere else). A name whose Windows form does not fit cFileName fails FindNextFileA with
+// ERROR_FILENAME_EXCED_RANGE; the next call goes on with the entry after it.
+#define ERROR_FILE_NOT_FOUND 2
+#define ERROR_PATH_NOT_FOUND 3
+#define ERROR_NOT_ENOUGH_MEMORY 8
+#define ERROR_NO_MORE_FILES 18
+#define ERROR_FILENAME_EXCED_RANGE 206
+TESSIK_API DWORD GetLastError();
+
 // ---- Files ----------------------------------------------------------------------------------
 // CreateFileA opens only regular files: a FIFO, socket or device, and any file on a kernel
 // pseudo file system (procfs, sysfs, ...), gives INVALID_HANDLE_VALUE, so reading never blocks.
