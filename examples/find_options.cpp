@@ -20,7 +20,7 @@ char const* SetDate(DateTest& date, std::string const& value) {
     if (date.test != 0)
         return "may be given once";
     if (!ParseDateTest(value, date))
-        return "expected =DATE, <DATE or >DATE, DATE as YYYY-MM-DD[THH:MM:SS]";
+        return "expected =DATE, <DATE or >DATE, DATE as YYYY-MM-DD[THH:MM:SS] from 1601";
     return nullptr;
 }
 
@@ -67,6 +67,9 @@ Switch const switches[] = {
     {"--invert", nullptr, &FindOptions::invertText, true},
     {"--stats", nullptr, &FindOptions::stats, true},
     {"--quiet", "-q", &FindOptions::quiet, true},
+    {"--posix-paths", "-p", &FindOptions::posixPaths, true},
+    {"--record-dates", nullptr, &FindOptions::recordDates, true},
+    {"--print0", "-0", &FindOptions::print0, true},
 };
 
 // Options with a value. The apply function gives null when it took the value, or what is
@@ -93,7 +96,7 @@ Rule const rules[] = {
          if (o.size.test != 0)
              return "may be given once";
          return ParseSizeTest(v, o.size) ? nullptr
-                                         : "expected N, -N, +N or A..B, with k, M or G, below 4G";
+                                         : "expected N, -N, +N or A..B, with k, M, G or T";
      }},
     {"--attr", nullptr,
      [](FindOptions& o, std::string const& v) { return SetAttributes(o, v, 0x02); }},

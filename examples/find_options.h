@@ -27,6 +27,9 @@ struct FindOptions {
 
     SortOrder sort;
     std::vector<unsigned> fields; // column numbers; empty means the aligned listing
+    bool posixPaths = false;
+    bool recordDates = false;
+    bool print0 = false;
     bool stats = false;
     bool quiet = false;
     bool help = false;

@@ -1,8 +1,10 @@
 #include "find_progress.h"
 
 #include "find_interrupt.h"
+#include "find_paths.h"
 
 #include <cstdio>
+#include <cstring>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -34,14 +36,15 @@ std::string Grouped(std::uint64_t value) {
 
 } // namespace
 
-ProgressView::ProgressView(DFileLoad& listing, bool drawing, unsigned starts, bool recurse)
-    : load(listing), draw(drawing), startDirectories(starts), recursive(recurse),
+ProgressView::ProgressView(DFileLoad& listing, UnreadableWatch& unreadable,
+                           ViewSettings const& chosen)
+    : load(listing), watch(unreadable), settings(chosen),
       nextDraw(std::chrono::steady_clock::now() + drawInterval) {
     list.SetReportStyle(ColumnName); // one cell a row is enough to count the rows
     SetCallbacks(Changed);
     // Without drawing, the bar (one change an entry) still passes Ctrl-C on; the list, which
     // would hold a row for every match, is left out.
-    if (draw)
+    if (settings.draw)
         load.SetupControls(&bar, &matchShare, &status, &list);
     else
         load.SetupControls(&bar, nullptr, &status, nullptr);
@@ -50,6 +53,8 @@ ProgressView::ProgressView(DFileLoad& listing, bool drawing, unsigned starts, bo
 ProgressView::~ProgressView() {
     load.SetupControls(nullptr, nullptr, nullptr, nullptr);
     SetCallbacks(nullptr);
+    watch.DirectoryStarts(load, std::string());
+    Tell();
     Erase();
 }
 
@@ -69,9 +74,12 @@ void ProgressView::OnChange(DIBasics const& control) {
     busy = true;
     if (&control == &status)
         CountDirectory();
+    else if (&control == &bar)
+        watch.EntryCounted(load);
+    Tell();
     if (InterruptRequested() && !load.abortRequested)
         load.SetAbort();
-    if (draw) {
+    if (settings.draw) {
         auto const now = std::chrono::steady_clock::now();
         if (now >= nextDraw) {
             EstimateRange();
@@ -83,21 +91,31 @@ void ProgressView::OnChange(DIBasics const& control) {
 }
 
 // The status window shows each directory as the search turns to it (and is redrawn then, which
-// calls back once more).
+// calls back once more); its other texts are messages, which do not start with the drive.
 void ProgressView::CountDirectory() {
     DName const text = status.Text();
-    if (text == lastStatus)
+    if (text == lastStatus || std::strncmp(&text, "Z:", 2) != 0)
         return;
     lastStatus = text;
     ++directoriesSeen;
+    watch.DirectoryStarts(load, &text);
+}
+
+// Unreadable entries are told between the drawings: what was drawn goes first.
+void ProgressView::Tell() {
+    std::string const messages = watch.TakeMessages();
+    if (messages.empty() || !settings.tellEach)
+        return;
+    Erase();
+    std::fputs(messages.c_str(), stderr);
 }
 
 // As many entries still to come in each directory not yet searched as there were, on average,
 // in those searched so far. Every directory found will be searched when the search recurses.
 void ProgressView::EstimateRange() {
     double const searched = load.totalSearched;
-    unsigned const found = recursive ? load.totalSearchDirs - 1 : 0;
-    unsigned const known = startDirectories + found;
+    unsigned const found = settings.recursive ? load.totalSearchDirs - 1 : 0;
+    unsigned const known = settings.startDirectories + found;
     double estimate = searched;
     if (directoriesSeen > 0 && directoriesSeen < known)
         estimate += searched / directoriesSeen * (known - directoriesSeen);
@@ -126,7 +144,8 @@ std::string ProgressView::BarLine(unsigned width) const {
 void ProgressView::Draw() {
     unsigned const width = TerminalWidth() - 1; // a full line would wrap the cursor
     std::string screen = "\r\033[J" + BarLine(width).substr(0, width) + "\n";
-    screen += Tail(&status.Text(), width) + "\033[A\r";
+    std::string const shown = &status.Text();
+    screen += Tail(settings.posixPaths ? PosixPath(shown) : shown, width) + "\033[A\r";
     std::fwrite(screen.data(), 1, screen.size(), stderr);
     drawn = true;
 }
