@@ -11,6 +11,8 @@
 namespace {
 
 std::chrono::milliseconds const drawInterval(100);
+// The clock is read at every 64th change only: the bar changes at every entry.
+unsigned const clockStride = 64;
 
 unsigned TerminalWidth() {
     winsize size = {};
@@ -40,14 +42,11 @@ ProgressView::ProgressView(DFileLoad& listing, UnreadableWatch& unreadable,
                            ViewSettings const& chosen)
     : load(listing), watch(unreadable), settings(chosen),
       nextDraw(std::chrono::steady_clock::now() + drawInterval) {
-    list.SetReportStyle(ColumnName); // one cell a row is enough to count the rows
     SetCallbacks(Changed);
-    // Without drawing, the bar (one change an entry) still passes Ctrl-C on; the list, which
-    // would hold a row for every match, is left out.
-    if (settings.draw)
-        load.SetupControls(&bar, &matchShare, &status, &list);
-    else
-        load.SetupControls(&bar, nullptr, &status, nullptr);
+    // The bar (one change an entry) passes Ctrl-C on and feeds the watch; the status names each
+    // directory. No list control: it would hold a row for every match, and the view shows the
+    // latest match from the listing itself.
+    load.SetupControls(&bar, nullptr, &status, nullptr);
 }
 
 ProgressView::~ProgressView() {
@@ -59,7 +58,7 @@ ProgressView::~ProgressView() {
 }
 
 void ProgressView::SetCallbacks(DIBasics::ChangeCallback callback) {
-    DIBasics* const controls[] = {&bar, &matchShare, &status, &list};
+    DIBasics* const controls[] = {&bar, &status};
     for (DIBasics* control : controls)
         control->SetChangeCallback(callback, this);
 }
@@ -80,7 +79,8 @@ void ProgressView::OnChange(DIBasics const& control) {
     if (InterruptRequested() && !load.abortRequested)
         load.SetAbort();
     if (settings.draw) {
-        auto const now = std::chrono::steady_clock::now();
+        auto const now = ++changes % clockStride == 0 ? std::chrono::steady_clock::now()
+                                                      : std::chrono::steady_clock::time_point();
         if (now >= nextDraw) {
             EstimateRange();
             Draw();
@@ -137,15 +137,25 @@ std::string ProgressView::BarLine(unsigned width) const {
     std::snprintf(numbers, sizeof numbers, "] %3u%%  ", percent);
     line += numbers;
     line += Grouped(load.totalSearched) + " searched  " + Grouped(load.totalMatches) + " matches";
-    line += " (" + std::string(&matchShare.Text()) + ")  " + Grouped(list.RowCount()) + " rows";
-    return line;
+    char share[32];
+    std::snprintf(share, sizeof share, " (%.2f%%)",
+                  load.totalSearched == 0 ? 0.0 : 100.0 * load.totalMatches / load.totalSearched);
+    return line + share;
 }
 
+// The path as the output shows it, cut to `width` from the left.
+std::string ProgressView::Shown(std::string const& path, unsigned width) const {
+    return Tail(settings.posixPaths ? PosixPath(path) : path, width);
+}
+
+// Three lines: the bar with the tallies, the latest match, the directory being searched.
 void ProgressView::Draw() {
     unsigned const width = TerminalWidth() - 1; // a full line would wrap the cursor
     std::string screen = "\r\033[J" + BarLine(width).substr(0, width) + "\n";
-    std::string const shown = &status.Text();
-    screen += Tail(settings.posixPaths ? PosixPath(shown) : shown, width) + "\033[A\r";
+    // The last position asked is remembered by the list: each drawing walks only the new ones.
+    DFile const* latest = load.files.count == 0 ? nullptr : load.files(load.files.count - 1);
+    screen += (latest ? Shown(&latest->GetFullPath(), width) : std::string()) + "\n";
+    screen += Shown(&status.Text(), width) + "\033[2A\r";
     std::fwrite(screen.data(), 1, screen.size(), stderr);
     drawn = true;
 }

@@ -1,6 +1,6 @@
 // The controls tessik-find attaches to its search: they pass Ctrl-C on to the listing, feed
 // the watch for unreadable entries, and when asked they are drawn on the terminal (stderr) as
-// two lines rewritten in place.
+// three lines rewritten in place.
 #ifndef TESSIK_EXAMPLES_FIND_PROGRESS_H
 #define TESSIK_EXAMPLES_FIND_PROGRESS_H
 
@@ -35,6 +35,7 @@ private:
     void EstimateRange();
     void Draw();
     std::string BarLine(unsigned width) const;
+    std::string Shown(std::string const& path, unsigned width) const;
     void Erase();
     void Tell();
 
@@ -42,13 +43,12 @@ private:
     UnreadableWatch& watch;
     ViewSettings const settings;
     DProgressBar bar;
-    DText matchShare;
     DStatusWnd status;
-    DListControl list;
     bool busy = false; // our own changes to the controls call back again
     bool drawn = false;
     DName lastStatus;
     unsigned directoriesSeen = 0;
+    unsigned changes = 0;
     std::chrono::steady_clock::time_point nextDraw;
 };
 

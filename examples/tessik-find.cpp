@@ -88,6 +88,8 @@ int main(int argc, char** argv) {
     KeepTrueMatches(options, load);
     Order(load, options.sort);
 
+    // The listing comes at the end, in one go: no line buffering on a terminal.
+    std::setvbuf(stdout, nullptr, _IOFBF, 1 << 16);
     OutputForm form;
     form.posixPaths = options.posixPaths;
     form.recordDates = options.recordDates;
