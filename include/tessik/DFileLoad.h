@@ -209,6 +209,30 @@ public:
     bool DrawFile(DFile const& file, unsigned int const& row);
     bool DrawAllFiles(int const& first, int const& last);
 
+    // ---- Stored form, text report, look-ups ------------------------------------------------
+    // The stored form of a listing: the record count, then each record's stream form, in list
+    // order. Write gives every record a new key. Read empties the listing first (and resets and
+    // redraws an attached list control); on a failure it keeps the records read so far.
+    bool Write(FileOper& file);
+    bool Read(FileOper& file);
+    bool operator>>(FileOper& file); // Write
+    bool operator<<(FileOper& file); // Read
+    // Reads a stored listing from the stream's position, record by record, up to the first whose
+    // path is `name`; `record` holds the last record read. Uses no field of the object.
+    bool ReadFind(FileOper& file, DName const& name, DFile& record);
+    // A readable report: a header of column titles, then each record's block.
+    bool TextWrite(FileOper& file);
+    // The record at `index` as one line of aligned columns (those of the list control's report
+    // style, all without a control), no line end; empty past the end.
+    DName Format(unsigned int const& index) const;
+    // Positions of the first record with that path, or with that last component; -1 for none.
+    int FindPos(DName const& name) const;
+    int FindByLong(DName const& name) const;
+    int FindByFilename(DName const& name) const;
+    // Copies into `differences` (a third object, emptied first) the records of `other` that
+    // this listing lacks by DFile::operator==. True when there is at least one.
+    bool FindDifferences(DFileLoad const& other, DFileLoad& differences);
+
 private:
     enum class SearchStep { Done, Stopped, OutOfMemory };
     SearchStep SearchDirectory(DirectoryListingSpec const& work, bool recursive,
