@@ -4,6 +4,7 @@
 void PrintFindHelp(std::FILE* out) {
     std::fputs(
         "usage: tessik-find [OPTION]... [DIRECTORY]...\n"
+        "       tessik-find --changes FILE | --load FILE | --find-in FILE PATH...\n"
         "\n"
         "Searches each DIRECTORY (the current directory when none is given) and all the\n"
         "directories below it, and lists the entries that pass every test given.\n"
@@ -46,6 +47,22 @@ void PrintFindHelp(std::FILE* out) {
         "  -0, --print0         only the paths (or the --fields), each ended by a zero byte\n"
         "                       tessik-find -0 -p -name '*.o' | xargs -0 rm\n"
         "  --record-dates       dates as the records write them (5/01/2024 1:45:10 PM)\n"
+        "Saved listings:\n"
+        "  --save FILE          search, and save the criteria and the listing in FILE\n"
+        "                       (nothing on stdout)     --save home.tsk ~/projects\n"
+        "  --changes FILE       search again with FILE's criteria and list what changed:\n"
+        "                       '+ path' added, '- path' removed, '~ path  size 10 -> 12,\n"
+        "                       written ... -> ...' changed; with --save FILE, FILE is\n"
+        "                       then brought up to date     --changes home.tsk\n"
+        "  --load FILE          list the saved listing, without searching\n"
+        "                       --load home.tsk --sort size:desc\n"
+        "  --report FILE        write the listing's text report to FILE (nothing on stdout)\n"
+        "  --find-in FILE PATH...  the saved records of these paths, without loading all\n"
+        "                       --find-in home.tsk ~/projects/a.c\n"
+        "                       A file is written beside its name and renamed into place\n"
+        "                       when complete. The records in a saved listing are\n"
+        "                       scrambled: that keeps the paths from a casual look, not\n"
+        "                       from anyone who reads the file with tessik.\n"
         "  --stats              print the tallies on stderr also when it is not a terminal\n"
         "  -q, --quiet          neither progress nor tallies on the terminal; unreadable\n"
         "                       entries told by their number only\n"
@@ -62,6 +79,8 @@ void PrintFindHelp(std::FILE* out) {
         "\n"
         "Ctrl-C stops the search; what was found so far is listed (exit status 130).\n"
         "Exit status: 0 done; 1 a directory was missing or unreadable, a file unreadable, or\n"
-        "memory ran out; 2 bad arguments.\n",
+        "memory ran out; 2 bad arguments, or a FILE that cannot be read or saved.\n"
+        "With --changes, as diff: 0 nothing changed, 1 something changed, 2 trouble (an\n"
+        "unreadable FILE or entry). With --find-in: 1 when a path is not in FILE.\n",
         out);
 }

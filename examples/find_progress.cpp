@@ -165,3 +165,13 @@ void ProgressView::Erase() {
         std::fputs("\r\033[J", stderr);
     drawn = false;
 }
+
+PhaseLine::PhaseLine(bool drawing, std::string const& text) : draw(drawing) {
+    if (draw)
+        std::fputs(("\r\033[J" + Tail(text, TerminalWidth() - 1)).c_str(), stderr);
+}
+
+PhaseLine::~PhaseLine() {
+    if (draw)
+        std::fputs("\r\033[J", stderr);
+}

@@ -52,4 +52,17 @@ private:
     std::chrono::steady_clock::time_point nextDraw;
 };
 
+// One line on the terminal (stderr) while a step without progress of its own runs (loading a
+// saved listing, comparing), erased when it ends.
+class PhaseLine {
+public:
+    PhaseLine(bool draw, std::string const& text);
+    ~PhaseLine();
+    PhaseLine(PhaseLine const&) = delete;
+    PhaseLine& operator=(PhaseLine const&) = delete;
+
+private:
+    bool const draw;
+};
+
 #endif
