@@ -184,6 +184,24 @@ int main(int argc, char** argv) {
     }
     Order(load, options.sort);
 
+    bool const listing =
+        options.changesFile.empty() && options.saveFile.empty() && options.reportFile.empty();
+    if (listing)
+        PrintListing(load, options);
+    std::fflush(stdout);
+    if (options.quiet)
+        TellUnreadable(watch);
+    if (tallies && options.loadFile.empty())
+        PrintTallies(load, run.directoriesSearched, stderr);
+
+    // An incomplete search is neither compared nor saved: what it missed would show as removed.
+    if (run.outcome != Outcome::Done) {
+        bool const stopped = run.outcome == Outcome::Stopped;
+        std::fprintf(
+            stderr, "tessik-find: %s; %s\n", stopped ? "search stopped by Ctrl-C" : "out of memory",
+            listing ? "listed is what it found until then" : "nothing was compared or saved");
+        return stopped ? 130 : options.changesFile.empty() ? 1 : 2;
+    }
     std::vector<Change> changes;
     if (!options.changesFile.empty()) {
         DFileLoad added;
@@ -193,22 +211,7 @@ int main(int argc, char** argv) {
             changes = FindChanges(saved, load, added, removed);
         }
         PrintChanges(changes, FormOf(options), stdout);
-    } else if (options.saveFile.empty() && options.reportFile.empty()) {
-        PrintListing(load, options);
-    }
-    std::fflush(stdout);
-    if (options.quiet)
-        TellUnreadable(watch);
-    if (tallies && options.loadFile.empty())
-        PrintTallies(load, run.directoriesSearched, stderr);
-
-    if (run.outcome != Outcome::Done) {
-        std::fputs(
-            run.outcome == Outcome::Stopped
-                ? "tessik-find: search stopped by Ctrl-C; listed is what it found until then\n"
-                : "tessik-find: out of memory; the listing is incomplete\n",
-            stderr);
-        return run.outcome == Outcome::Stopped ? 130 : options.changesFile.empty() ? 1 : 2;
+        std::fflush(stdout);
     }
     // Saved only after a whole search: an incomplete listing would show as removals later.
     if (!options.saveFile.empty() &&
