@@ -36,6 +36,18 @@ FileOper::FileOper(char const* path, bool create) : FileOper() {
         Close();
 }
 
+FileOper::FileOper(FileOper const&) : FileOper() {}
+
+FileOper& FileOper::operator=(FileOper const& other) {
+    if (&other == this)
+        return *this;
+    Close(); // the target's own stream; the source keeps its own
+    position = length = totalRead = bufferStart = filePosition = 0;
+    readSize = 0;
+    endMet = writable = failed = bufferWriting = false;
+    return *this;
+}
+
 FileOper::~FileOper() {
     Close();
 }

@@ -233,6 +233,53 @@ public:
     // this listing lacks by DFile::operator==. True when there is at least one.
     bool FindDifferences(DFileLoad const& other, DFileLoad& differences);
 
+    // ---- Directory operations and browsing ------------------------------------------------
+    // On the disk, never on `files`. Free room of the current directory's drive in 64 KiB units;
+    // Remove deletes a file (read-only too) or an empty directory; MakeSingleDir and MakeDir
+    // create and enter, and leave the current directory there.
+    DName const& GetWorkPath() const;
+    DWORD GetDiskFreeSpaceA() const;
+    bool Remove(DName const& path) const;
+    bool MakeSingleDir(DName const& path) const;
+    bool MakeDir(DName const& path) const;
+    bool RemoveDir(DName const& path) const;
+
+    // The browse dialogs and their state. A filter is double-zero terminated; an empty one
+    // means the default filter, an empty title the default title.
+    bool SetBrowseDir(DName const& dir);
+    bool SetBrowseFilter(char const* filter);
+    void SetBrowseTitle(DName const& title);
+    DName const& GetBrowseDir() const;
+    DName const& GetBrowseTitle() const;
+    DName const& GetBrowseFilter() const;
+    DWORD const& GetBrowseFlags() const;
+    DWORD const& GetBrowseIndex() const;
+    unsigned int const& GetBrowseTotal() const;
+    // The name at `index`; at or past the total, the browse directory.
+    DName const& GetBrowseFilename(unsigned int const& index) const;
+    DName GetBrowseFullFilename(unsigned int const& index) const;
+    bool BrowseForFile(char const* filter); // true when the user confirmed
+    bool BrowseForDir(HWND const& owner);   // the chosen path is GetBrowseFilename(0)
+
+    void SetFlagMultiSelection();
+    void SetFlagNoMultiSelection();
+    void SetFlagNoReadOnly();
+    void SetFlagReadOnly();
+    void SetFlagNoFileCreation();
+    void SetFlagFileCreation();
+    void SetFlagExplorerStyle();
+    void SetFlagNonExplorerStyle();
+    void SetDBFOnlyDirs();
+    void SetDBFNoOnlyDirs();
+    void SetDBFIncludeFiles();
+    void SetDBFNoIncludeFiles();
+    void SetDBFEditBox();
+    void SetDBFNoEditBox();
+    void SetDBFNewDirs(); // these four change nothing
+    void SetDBFNoNewDirs();
+    void SetDBFNewDialogStyle();
+    void SetDBFNoNewDialogStyle();
+
 private:
     enum class SearchStep { Done, Stopped, OutOfMemory };
     SearchStep SearchDirectory(DirectoryListingSpec const& work, bool recursive,
