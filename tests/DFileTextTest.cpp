@@ -1,7 +1,4 @@
-#include "support/TempTree.h"
-
-#include <tessik/DFile.h>
-#include <tessik/FileOper.h>
+#include "support/Records.h"
 
 #include <gtest/gtest.h>
 
@@ -13,21 +10,6 @@
 #include <string>
 
 namespace {
-
-std::string Shown(DName const& name) {
-    return std::string(&name, name.Size());
-}
-
-FILETIME Utc(int y, int mo, int d, int h, int mi, int s, int ms = 0) {
-    SYSTEMTIME const fields{WORD(y), WORD(mo), 0, WORD(d), WORD(h), WORD(mi), WORD(s), WORD(ms)};
-    FILETIME time = {};
-    EXPECT_TRUE(SystemTimeToFileTime(&fields, &time));
-    return time;
-}
-
-bool Same(FILETIME const& a, FILETIME const& b) {
-    return a.dwLowDateTime == b.dwLowDateTime && a.dwHighDateTime == b.dwHighDateTime;
-}
 
 std::string Line(DFile const& file) {
     DName text;
@@ -89,8 +71,7 @@ TEST(DFileText, AttributeFlagsAndWordsFollowTheTableOrder) {
 
 TEST(DFileText, LineHoldsSixFieldsInLocalTime) {
     TempTree zone;
-    setenv("TZ", "EST5EDT,M3.2.0,M11.1.0", 1);
-    tzset();
+    UseZone("EST5EDT,M3.2.0,M11.1.0");
     FILETIME const created = Utc(2004, 3, 9, 18, 5, 7);
     FILETIME const accessed = Utc(2004, 7, 31, 4, 0, 0);
     FILETIME const written = Utc(2004, 9, 1, 16, 30, 0);
@@ -141,8 +122,7 @@ TEST(DFileText, ReadingOddLines) {
 
 TEST(DFileText, DatesReadBackFromTheLineToTheSecond) {
     TempTree zone;
-    setenv("TZ", "IST-5:30", 1);
-    tzset();
+    UseZone("IST-5:30");
     FILETIME const created = Utc(2004, 3, 9, 18, 5, 7, 999);
     FILETIME const accessed = Utc(2020, 12, 31, 18, 30, 0); // midnight, local
     FILETIME const written = Utc(2010, 6, 15, 6, 45, 59);   // a quarter past noon, local
@@ -154,39 +134,38 @@ TEST(DFileText, DatesReadBackFromTheLineToTheSecond) {
     EXPECT_EQ(Shown(back.fullPath), "D:\\dir\\name.ext");
     EXPECT_EQ(back.sizeLow, 123456u);
     EXPECT_EQ(back.attributes, 0x8A7u);
-    EXPECT_TRUE(Same(back.dateCreated, Utc(2004, 3, 9, 18, 5, 7)));
-    EXPECT_TRUE(Same(back.dateLastAccessed, accessed)); // the last field, closed by the end
-    EXPECT_TRUE(Same(back.dateWritten, written));
+    EXPECT_EQ(Ticks(back.dateCreated), Ticks(Utc(2004, 3, 9, 18, 5, 7)));
+    EXPECT_EQ(Ticks(back.dateLastAccessed), Ticks(accessed)); // the last field, closed by the end
+    EXPECT_EQ(Ticks(back.dateWritten), Ticks(written));
 
     // No date, and dates that show as the fallback, read back as no date.
     FILETIME const in2100 = Utc(2100, 1, 1, 0, 0, 0);
     DFile const undated(DName("u"), 0, 0, nullptr, &in2100, nullptr);
     undated.ToString(text, '|');
     back.FromString(text, '|');
-    EXPECT_TRUE(Same(back.dateCreated, FILETIME{0, 0}));
-    EXPECT_TRUE(Same(back.dateLastAccessed, FILETIME{0, 0}));
+    EXPECT_EQ(Ticks(back.dateCreated), Ticks(FILETIME{0, 0}));
+    EXPECT_EQ(Ticks(back.dateLastAccessed), Ticks(FILETIME{0, 0}));
 
     // Without a marker the hour is on the 24-hour clock; impossible dates store no date.
     back = Parsed("p|0|-|3/09/2004 23:05:07|3/09/2004 12:05:07 pm|2/30/2004 1:00:00 PM|");
-    EXPECT_TRUE(Same(back.dateCreated, Utc(2004, 3, 9, 17, 35, 7)));
-    EXPECT_TRUE(Same(back.dateWritten, Utc(2004, 3, 9, 6, 35, 7)));
-    EXPECT_TRUE(Same(back.dateLastAccessed, FILETIME{0, 0}));
+    EXPECT_EQ(Ticks(back.dateCreated), Ticks(Utc(2004, 3, 9, 17, 35, 7)));
+    EXPECT_EQ(Ticks(back.dateWritten), Ticks(Utc(2004, 3, 9, 6, 35, 7)));
+    EXPECT_EQ(Ticks(back.dateLastAccessed), Ticks(FILETIME{0, 0}));
     for (char const* date : {"3/09/2004 13:05:07 PM", "3/09/2004 0:05:07 AM", "3/09/2004 24:00:00",
                              "13/09/2004 1:05:07 PM", "3/09/2004 1:60:07 PM", "3/09/2004 1:05",
                              "99999/99999/99999 99999:99999:99999", ""}) {
         back = Parsed(("p|0|-|" + std::string(date) + "|").c_str());
-        EXPECT_TRUE(Same(back.dateCreated, FILETIME{0, 0})) << date;
+        EXPECT_EQ(Ticks(back.dateCreated), Ticks(FILETIME{0, 0})) << date;
     }
 
     // Text behind the sixth field is not read.
     back = Parsed("p|1|-|||3/09/2004 12:00:00 AM|tail|more");
-    EXPECT_TRUE(Same(back.dateLastAccessed, Utc(2004, 3, 8, 18, 30, 0)));
+    EXPECT_EQ(Ticks(back.dateLastAccessed), Ticks(Utc(2004, 3, 8, 18, 30, 0)));
 }
 
 TEST(DFileText, ReportBlockHasSixLabelledLinesInUtc) {
     TempTree tree;
-    setenv("TZ", "EST5EDT,M3.2.0,M11.1.0", 1); // the report ignores the zone
-    tzset();
+    UseZone("EST5EDT,M3.2.0,M11.1.0"); // the report ignores the zone
     DFile file(DName("Z:\\dir\\old.bin"), 0x20, 0, nullptr, nullptr, nullptr);
     file.SetFileSize(0, 1);
     EXPECT_EQ(Report(tree, file), "Z:\\dir\\old.bin\n"

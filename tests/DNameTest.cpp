@@ -1,8 +1,6 @@
-#include <tessik/DName.h>
-#include <tessik/FileOper.h>
-#include <tessik/ShortName.h>
+#include "support/Records.h"
 
-#include "support/TempTree.h"
+#include <tessik/ShortName.h>
 
 #include <gtest/gtest.h>
 
@@ -12,16 +10,6 @@
 #include <string>
 
 namespace {
-
-std::string Bytes(DName const& name) {
-    return std::string(&name, name.Size());
-}
-
-DName Raw(std::string const& bytes) {
-    DName name;
-    name.Namen(bytes.data(), static_cast<unsigned int>(bytes.size()));
-    return name;
-}
 
 // What a path edit answered and left: "+text" or "-text".
 template <class Edit> std::string Edited(char const* path, Edit edit) {
@@ -60,7 +48,7 @@ TEST(DName, HoldsBytesAndKeepsItsLink) {
     zeros.link = otherAddress;
     DName copy(zeros);
     EXPECT_EQ(copy.link, nullptr);
-    EXPECT_EQ(Bytes(copy), kZeros);
+    EXPECT_EQ(Shown(copy), kZeros);
     zeros = other;
     EXPECT_TRUE(zeros.Copy(copy));
     EXPECT_EQ(zeros.link, otherAddress);
@@ -86,6 +74,8 @@ TEST(DName, OrdersUnsignedBytesCaseSensitivelyPrefixFirst) {
     EXPECT_TRUE(DName("abc") != "ab");
     EXPECT_TRUE(Raw(kZeros) != "a");
     EXPECT_TRUE(Raw(kZeros) != DName("a"));
+    EXPECT_TRUE(ShortName("abc") == ShortName("abc") && !(ShortName("abc") == ShortName("abd")));
+    EXPECT_EQ(ShortName("abc").Length(), 3u);
 }
 
 TEST(DName, Edits) {
@@ -107,7 +97,7 @@ TEST(DName, Edits) {
     EXPECT_EQ(t.FindFirstChar('-', 3), 3u);
     EXPECT_EQ(t.FindFirstChar('q'), 4u);
 
-    EXPECT_EQ(Bytes(Raw(kZeros) + Raw(kZeros)), kZeros + kZeros);
+    EXPECT_EQ(Shown(Raw(kZeros) + Raw(kZeros)), kZeros + kZeros);
 }
 
 TEST(DName, Numbers) {
@@ -197,7 +187,7 @@ TEST(DName, StreamFormSurvivesARoundTripAndRefusesDamage) {
     EXPECT_TRUE(name.isEmpty());
     EXPECT_TRUE(name.Read(in));
     EXPECT_FALSE(name.Read(in));
-    EXPECT_EQ(Bytes(name), kZeros);
+    EXPECT_EQ(Shown(name), kZeros);
 
     // A length behind which the bytes are missing, one far beyond the file, a cut header.
     for (std::string damaged : {std::string("\x0a\0\0\0abc", 7), std::string("\xf0\xff\xff\xff"),
@@ -280,12 +270,4 @@ TEST(Wildcard, MatchesStarsAndQuestionMarksInAnyCase) {
     // Would take ages with a matcher that tries every split.
     std::string many(5000, 'a');
     EXPECT_FALSE(PathMatchSpecA(many.c_str(), "*a*a*a*a*a*a*a*a*a*a*b"));
-}
-
-TEST(DName, ShortNameStandsForItsText) {
-    ShortName abc("abc");
-    EXPECT_TRUE(abc == ShortName("abc"));
-    EXPECT_FALSE(abc == ShortName("abd"));
-    EXPECT_EQ(abc.Length(), 3u);
-    EXPECT_TRUE(ShortName() == ShortName(""));
 }

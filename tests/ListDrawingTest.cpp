@@ -1,7 +1,6 @@
-#include "support/TempTree.h"
+#include "support/Records.h"
 
 #include <tessik/Controls.h>
-#include <tessik/DFileLoad.h>
 
 #include <gtest/gtest.h>
 
@@ -9,10 +8,6 @@
 #include <vector>
 
 namespace {
-
-std::string Shown(DName const& name) {
-    return std::string(&name, name.Size());
-}
 
 // The cells of one row, column 0 first, up to the last written one; an image shows as "[path]".
 std::vector<std::string> Row(DListControl const& list, unsigned int row) {
@@ -44,9 +39,7 @@ using Cells = std::vector<std::string>;
 
 TEST(ListDrawing, ReportStyleBitsNumberTheControlColumns) {
     TempTree utc;
-    SYSTEMTIME const fields{2004, 3, 0, 9, 13, 5, 7, 0};
-    FILETIME written = {};
-    ASSERT_TRUE(SystemTimeToFileTime(&fields, &written));
+    FILETIME const written = Utc(2004, 3, 9, 13, 5, 7);
     DFile file(DName("C:\\dir\\big.iso"), 0x20, 0, nullptr, nullptr, &written);
     file.SetFileSize(0, 1); // exactly 4 GiB: the control gets the low word only
     file.SetDateLastAccessed(FILETIME{written.dwLowDateTime, written.dwHighDateTime + 1});

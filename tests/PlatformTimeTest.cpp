@@ -1,4 +1,4 @@
-#include "support/TempTree.h"
+#include "support/Records.h"
 
 #include <tessik/headless_time.h>
 #include <tessik/platform.h>
@@ -13,20 +13,8 @@
 
 namespace {
 
-SYSTEMTIME St(int y, int mo, int d, int h = 0, int mi = 0, int s = 0, int ms = 0) {
-    return SYSTEMTIME{WORD(y), WORD(mo), 0, WORD(d), WORD(h), WORD(mi), WORD(s), WORD(ms)};
-}
-
 constexpr std::uint64_t hour = 36000000000ULL;
 constexpr std::uint64_t lastValid = 0x7FFFFFFFFFFFFFFFULL;
-
-FILETIME Ft(std::uint64_t ticks) {
-    return FILETIME{static_cast<DWORD>(ticks & 0xFFFFFFFF), static_cast<DWORD>(ticks >> 32)};
-}
-
-std::uint64_t Ticks(FILETIME const& time) {
-    return static_cast<std::uint64_t>(time.dwHighDateTime) << 32 | time.dwLowDateTime;
-}
 
 std::uint64_t TicksOf(SYSTEMTIME const& fields) {
     FILETIME time = {};
@@ -40,11 +28,6 @@ std::uint64_t Convert(BOOL (*convert)(FILETIME const*, FILETIME*), std::uint64_t
     FILETIME out = {};
     EXPECT_TRUE(convert(&in, &out)) << ticks;
     return Ticks(out);
-}
-
-void UseZone(char const* zone) {
-    setenv("TZ", zone, 1);
-    tzset();
 }
 
 DWORD MonotonicNow() {

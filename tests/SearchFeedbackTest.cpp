@@ -1,9 +1,8 @@
-#include "support/TempTree.h"
+#include "support/Records.h"
 
 #include <tessik/Controls.h>
 #include <tessik/headless.h>
 #include <tessik/headless_time.h>
-#include <tessik/tessik.h>
 
 #include <gtest/gtest.h>
 
@@ -15,10 +14,6 @@
 #include <vector>
 
 namespace {
-
-std::string Shown(DName const& name) {
-    return std::string(&name, name.Size());
-}
 
 HWND WindowOf(DIBasics const& control) {
     return control.GetHandle(-1, nullptr);
@@ -77,16 +72,6 @@ Paints Painted(HWND window, unsigned from = 0) {
     return texts;
 }
 
-DirectoryListingSpec In(TempTree const& tree, std::string const& dir, char const* pattern = "*.*") {
-    return DirectoryListingSpec(DName(pattern), DName(tree.WinPath(dir).c_str()));
-}
-
-void MakeFiles(TempTree const& tree, std::string const& dir, int count, char const* ext = "") {
-    tree.MakeDir(dir);
-    for (int i = 0; i < count; ++i)
-        tree.MakeFile(dir + "/f" + std::to_string(i) + ext);
-}
-
 // Calls `act` at each change of `control`, from its change callback.
 template <class Control> struct Hook {
     Control& control;
@@ -106,7 +91,7 @@ template <class Control> struct Hook {
 
 TEST(SearchFeedback, PaintsTheShareOfEntriesOnTheBar) {
     TempTree tree;
-    MakeFiles(tree, "t", 13);
+    tree.MakeFiles("t", 13);
     Watch watch;
     watch.bar.SetRange(0, 20, -1); // 5% an entry
     HWND const bar = WindowOf(watch.bar);
@@ -129,19 +114,14 @@ TEST(SearchFeedback, PaintsTheShareOfEntriesOnTheBar) {
 
     HeadlessText first;
     ASSERT_TRUE(HeadlessTextAt(bar, 0, &first));
-    EXPECT_EQ(first.flags, 0x42025u);
-    EXPECT_EQ(first.backgroundMode, TRANSPARENT);
-    EXPECT_EQ(first.rect.right, 200);
-    EXPECT_EQ(first.rect.bottom, 18);
-    HeadlessFont const& font = first.font;
-    EXPECT_EQ(
-        std::vector<int>({font.height, font.width, font.escapement, font.orientation, font.weight}),
-        std::vector<int>({12, 10, 0, 0, 0}));
-    EXPECT_EQ(std::vector<DWORD>({font.italic, font.underline, font.strikeOut, font.charSet,
-                                  font.outPrecision, font.clipPrecision, font.quality,
-                                  font.pitchAndFamily}),
-              std::vector<DWORD>({0, 0, 0, 0, 6, 2, 0, 0x20}));
-    EXPECT_STREQ(font.face, "");
+    HeadlessFont const& f = first.font;
+    EXPECT_EQ(std::vector<long>({long(first.flags), first.backgroundMode, first.rect.right,
+                                 first.rect.bottom, f.height, f.width, f.escapement, f.orientation,
+                                 f.weight, long(f.italic), long(f.underline), long(f.strikeOut),
+                                 long(f.charSet), long(f.outPrecision), long(f.clipPrecision),
+                                 long(f.quality), long(f.pitchAndFamily), long(f.face[0])}),
+              std::vector<long>(
+                  {0x42025, TRANSPARENT, 200, 18, 12, 10, 0, 0, 0, 0, 0, 0, 0, 6, 2, 0, 0x20, 0}));
     // Given back: the font freed, the context released; the bar back at 0.
     HeadlessFont freed;
     EXPECT_FALSE(HeadlessFontOf(first.fontHandle, &freed));
@@ -171,8 +151,8 @@ TEST(SearchFeedback, PaintsTheShareOfEntriesOnTheBar) {
 
 TEST(SearchFeedback, ShowsTheShareOfMatchesAndTheDirectory) {
     TempTree tree;
-    MakeFiles(tree, "t1", 2, ".txt");
-    MakeFiles(tree, "t2", 2, ".log");
+    tree.MakeFiles("t1", 2, ".txt");
+    tree.MakeFiles("t2", 2, ".log");
     Watch watch;
     std::vector<std::string> shares, statuses;
     // What each control shows when it is redrawn.
@@ -211,7 +191,7 @@ TEST(SearchFeedback, ShowsTheShareOfMatchesAndTheDirectory) {
 
 TEST(SearchFeedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
     TempTree tree;
-    MakeFiles(tree, "t", 5);
+    tree.MakeFiles("t", 5);
     Watch watch;
     HWND const list = WindowOf(watch.list);
     struct Drawn {
@@ -236,10 +216,9 @@ TEST(SearchFeedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
         EXPECT_EQ(drawn[i].rows, i + 1);
         EXPECT_EQ(drawn[i].region.whole, i == 4) << i; // the last at the end, not hidden
     }
-    EXPECT_EQ(drawn[0].region.rect.left, 1);
-    EXPECT_EQ(drawn[0].region.rect.top, 1);
-    EXPECT_EQ(drawn[0].region.rect.right, 2);
-    EXPECT_EQ(drawn[0].region.rect.bottom, 2);
+    RECT const& hidden = drawn[0].region.rect;
+    EXPECT_EQ(std::vector<long>({hidden.left, hidden.top, hidden.right, hidden.bottom}),
+              std::vector<long>({1, 1, 2, 2}));
     HeadlessRegion region;
     ASSERT_TRUE(HeadlessRegionOf(list, &region));
     EXPECT_TRUE(region.whole);
@@ -261,7 +240,7 @@ TEST(SearchFeedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
     EXPECT_EQ(region.changes, 4u);
 
     // Counting only: the list is emptied and the records the listing holds drawn anew.
-    MakeFiles(tree, "u", 2);
+    tree.MakeFiles("u", 2);
     drawn.clear();
     ASSERT_EQ(quick.GetTotalDirListings(In(tree, "u"), false), 2u);
     EXPECT_EQ(quick.files.count, 5u);
@@ -272,7 +251,7 @@ TEST(SearchFeedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
 
 TEST(SearchFeedback, DropsABarWithoutDeviceContext) {
     TempTree tree;
-    MakeFiles(tree, "t", 3);
+    tree.MakeFiles("t", 3);
     Watch watch;
     HWND const bar = WindowOf(watch.bar);
     ASSERT_TRUE(HeadlessFailGetDC(bar, true));
@@ -316,8 +295,8 @@ DWORD AbortAtThirdTick() {
 
 TEST(SearchFeedback, StopsWhenAsked) {
     TempTree tree;
-    MakeFiles(tree, "a", 3);
-    MakeFiles(tree, "a/sub", 2);
+    tree.MakeFiles("a", 3);
+    tree.MakeFiles("a/sub", 2);
     Watch watch;
     std::vector<std::string> statuses;
     Hook<DStatusWnd> status(
@@ -378,7 +357,7 @@ TEST(SearchFeedback, StopsWhenAsked) {
 
 TEST(SearchFeedback, StopsWithoutStatusWindow) {
     TempTree tree;
-    MakeFiles(tree, "t", 4);
+    tree.MakeFiles("t", 4);
     DListControl list;
     DFileLoad load;
     load.SetupControls(nullptr, nullptr, nullptr, &list);
@@ -395,10 +374,10 @@ TEST(SearchFeedback, StopsWithoutStatusWindow) {
 
 TEST(SearchFeedback, StopsFromAnotherThread) {
     TempTree tree;
-    int const dirs = 30, files = 30;
+    int const dirs = 12, files = 12;
     tree.MakeDir("t");
     for (int d = 0; d < dirs; ++d)
-        MakeFiles(tree, "t/d" + std::to_string(d), files);
+        tree.MakeFiles("t/d" + std::to_string(d), files);
     DStatusWnd status;
     std::promise<void> started;
     bool signalled = false;

@@ -1,6 +1,4 @@
-#include "support/TempTree.h"
-
-#include <tessik/tessik.h>
+#include "support/Records.h"
 
 #include <gtest/gtest.h>
 
@@ -134,20 +132,28 @@ unsigned Pick(std::mt19937& random, unsigned n) {
     return static_cast<unsigned>(random() % n);
 }
 
+// A few seconds in 2010, some of them the same second with other fractions.
 FILETIME Date(std::mt19937& random) {
-    // A few seconds in 2010, some of them the same second with other fractions.
-    std::uint64_t const ticks =
-        (1262304000ull + 11644473600ull + Pick(random, 4)) * 10000000ull + Pick(random, 3);
-    return FILETIME{static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
+    return At(1262304000 + Pick(random, 4), Pick(random, 3));
 }
 
 void Fill(DFileLoad& load, std::mt19937& random, unsigned count) {
-    char const* const names[] = {"Z:\\a", "Z:\\a\\b", "Z:\\B", "Z:\\b", "Z:\\a.txt", "Z:\\c\\a"};
+    // Names that begin others, also beyond the first sixteen bytes.
+    char const* const names[] = {"Z:\\a",
+                                 "Z:\\a\\b",
+                                 "Z:\\B",
+                                 "Z:\\b",
+                                 "Z:\\a.txt",
+                                 "Z:\\c\\a",
+                                 "Z:\\c\\a name of more than 16 bytes",
+                                 "Z:\\c\\a name of more than 16 bytes.txt",
+                                 "Z:\\a name of more than 16 bytes"};
     for (unsigned i = 0; i < count; ++i) {
         FILETIME const created = Date(random), accessed = Date(random), written = Date(random);
-        DFile record(DName(names[Pick(random, 6)]),
-                     (Pick(random, 3) == 0 ? 0x10 : 0x20) | (Pick(random, 2)), 0, &created,
-                     &accessed, &written);
+        DFile record(DName(names[Pick(random, 9)]),
+                     (Pick(random, 3) == 0 ? 0x10 : 0x20) | Pick(random, 2) |
+                         (Pick(random, 5) == 0 ? 0x400 : 0),
+                     0, &created, &accessed, &written);
         record.SetFileSize(Pick(random, 3), Pick(random, 4) == 0 ? 1 : 0);
         record.SetIndex(DName(std::to_string(i).c_str())); // tells equal records apart
         load.InsertRight(record);
