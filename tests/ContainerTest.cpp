@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <deque>
+#include <algorithm>
 #include <memory>
 #include <random>
 #include <string>
@@ -19,65 +19,47 @@ std::vector<std::string> Paths(Container<DFile> const& list) {
 
 } // namespace
 
-// Random operations against a plain double-ended queue of the same paths.
+// Random operations against a plain vector of the same paths.
 TEST(Container, AgreesWithAPlainSequence) {
     std::mt19937 random(99);
     for (int round = 0; round < 300; ++round) {
         Container<DFile> list;
-        std::deque<std::string> model;
+        std::vector<std::string> model;
         for (int step = 0; step < 40; ++step) {
             unsigned const n = static_cast<unsigned>(model.size());
             unsigned const pos = static_cast<unsigned>(random() % (n + 2));
             std::string const path = std::to_string(step);
             bool const inside = pos < n;
-            switch (random() % 9) {
-            case 0:
-                list.InsertLeft(Record(path.c_str())), model.push_front(path);
-                break;
-            case 1:
-                list.InsertRight(Record(path.c_str())), model.push_back(path);
-                break;
-            case 2: // at or past the end: appended
-                list.InsertPos(pos, Record(path.c_str()));
-                model.insert(pos == 0 || pos >= n ? (pos == 0 ? model.begin() : model.end())
-                                                  : model.begin() + pos,
-                             path);
-                break;
-            case 3:
-                ASSERT_EQ(list.DelLeft(), n > 0);
-                if (n)
-                    model.pop_front();
-                break;
-            case 4:
-                ASSERT_EQ(list.DelRight(), n > 0);
-                if (n)
-                    model.pop_back();
-                break;
-            case 5:
-                ASSERT_EQ(list.DelPos(pos), inside);
-                if (inside)
-                    model.erase(model.begin() + pos);
-                break;
-            case 6: { // contents, not links, between positions
+            unsigned const op = static_cast<unsigned>(random() % 9);
+            DFile const record = Record(path.c_str());
+            if (op < 3) { // at the head, at the end, before a position (past the end: appended)
+                unsigned const at = op == 0 ? 0 : (op == 1 ? n : std::min(pos, n));
+                ASSERT_TRUE(op == 0   ? list.InsertLeft(record)
+                            : op == 1 ? list.InsertRight(record)
+                                      : list.InsertPos(pos, record));
+                model.insert(model.begin() + at, path);
+            } else if (op < 6) { // the head, the end, a position
+                unsigned const at = op == 3 ? 0 : (op == 4 ? n - 1 : pos);
+                bool const done =
+                    op == 3 ? list.DelLeft() : (op == 4 ? list.DelRight() : list.DelPos(pos));
+                ASSERT_EQ(done, n > 0 && at < n);
+                if (done)
+                    model.erase(model.begin() + at);
+            } else if (op == 6) { // contents, not links, between positions
                 unsigned const from = static_cast<unsigned>(random() % (n + 1));
                 ASSERT_EQ(list.CopyPos(pos, from), inside && from < n && from != pos);
                 if (inside && from < n)
                     model[pos] = model[from];
-                break;
-            }
-            case 7:
-                ASSERT_EQ(list.ReplacePos(pos, Record(path.c_str())), inside);
+            } else if (op == 7) {
+                ASSERT_EQ(list.ReplacePos(pos, record), inside);
                 if (inside)
                     model[pos] = path;
-                break;
-            default: { // the last position reached must not mislead a later walk
-                char const* expected = n == 0 ? "" : (inside ? model[pos] : model[0]).c_str();
-                ASSERT_STREQ(&list[pos], expected);
+            } else { // past the count: the first; the last position reached must not mislead
+                ASSERT_STREQ(&list[pos], n == 0 ? "" : (inside ? model[pos] : model[0]).c_str());
                 ASSERT_EQ(list(pos), n == 0 ? nullptr : std::addressof(list[pos]));
             }
-            }
             ASSERT_EQ(list.count, model.size());
-            ASSERT_EQ(Paths(list), std::vector<std::string>(model.begin(), model.end()));
+            ASSERT_EQ(Paths(list), model);
         }
         list.InsertRight(Record("end")); // the end is known after every kind of change
         ASSERT_STREQ(&list[list.count - 1], "end");
