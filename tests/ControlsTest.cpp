@@ -70,35 +70,23 @@ TEST(Controls, FeedbackControlsShowWhatTheyAreGivenUnderTheirId) {
     EXPECT_EQ(Shown(status.Text()), "Z:\\home");
 }
 
+// Cells as rows are drawn are checked in ListDrawingTest; these are the edges.
 TEST(Controls, ListKeepsSparseCellsAndTellsTheHost) {
     Changes changes;
     DListControl list;
     list.SetChangeCallback(Changes::Count, &changes);
     EXPECT_EQ(list.GetReportStyle(), 0xFFu);
-    list.SetReportStyle(137);
-    EXPECT_TRUE(list.SetImage(DName("a.txt"), "Z:\\d\\a.txt", 5, 0));
-    EXPECT_TRUE(list.SetText(DName("Z:\\d\\"), 5, 2));
-    EXPECT_TRUE(list.SetInt(4000000000u, 4000000000u, 31));
-    EXPECT_FALSE(list.SetText(DName("x"), 1, DListControl::maxColumns)); // no change
-    EXPECT_FALSE(list.SetImage(DName("x"), nullptr, 1, 0));
-    EXPECT_EQ(changes.calls, 4);
-    EXPECT_EQ(changes.last, &list);
-    EXPECT_EQ(list.RowCount(), 2u);
-    EXPECT_EQ(Shown(list.CellText(5, 0)) + "|" + Shown(list.CellImage(5, 0)) + "|" +
-                  Shown(list.CellText(5, 2)) + "|" + Shown(list.CellImage(5, 2)) + "|" +
-                  Shown(list.CellText(5, 1)) + "|" + Shown(list.CellText(4000000000u, 31)),
-              "a.txt|Z:\\d\\a.txt|Z:\\d\\|||4000000000");
+    EXPECT_TRUE(list.SetImage(DName("a.txt"), "Z:\\a.txt", 5, 0) &&
+                list.SetInt(4000000000u, 4000000000u, 31));
+    EXPECT_FALSE(list.SetText(DName("x"), 1, DListControl::maxColumns) ||
+                 list.SetImage(DName("x"), nullptr, 1, 0)); // no change
+    EXPECT_TRUE(changes.calls == 2 && changes.last == &list && list.RowCount() == 2);
+    EXPECT_EQ(Shown(list.CellText(4000000000u, 31)), "4000000000");
     EXPECT_TRUE(list.SetText(DName("b"), 5, 0)); // overwrites text and image
     EXPECT_EQ(Shown(list.CellText(5, 0)) + Shown(list.CellImage(5, 0)), "b");
-
-    unsigned row = 0;
-    EXPECT_TRUE(list.NextRow(6, &row));
-    EXPECT_EQ(row, 4000000000u);
-    EXPECT_FALSE(list.NextRow(4000000001u, &row));
     EXPECT_TRUE(list.CreateIcons() && list.HasIcons());
     list.Reset();
-    EXPECT_FALSE(list.HasIcons());
-    EXPECT_EQ(list.RowCount(), 0u);
+    EXPECT_FALSE(list.HasIcons() || list.RowCount() != 0);
 
     DProgressBar bar;
     bar.SetChangeCallback(Changes::Count, &changes);
@@ -107,7 +95,7 @@ TEST(Controls, ListKeepsSparseCellsAndTellsTheHost) {
     EXPECT_EQ(bar.RedrawCount(), 1u);
     bar.SetChangeCallback(nullptr, nullptr);
     bar.SetPos(1, -1);
-    EXPECT_EQ(changes.calls, 8);
+    EXPECT_EQ(changes.calls, 6);
 }
 
 TEST(Controls, AssignmentCopiesFieldsInOrderButNotContent) {
