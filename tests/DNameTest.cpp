@@ -204,33 +204,20 @@ TEST(DName, RadixFormSurvivesARoundTrip) {
 }
 
 TEST(DName, DetUndoesItselfFromTheSameStart) {
-    DName key("k3y");
-    DName plain = Raw(std::string("secret\0text", 11));
-    DName scrambled(plain);
-    unsigned int position = 5;
-    scrambled.det(key, position);
-    EXPECT_EQ(position, 16u);
-    EXPECT_TRUE(scrambled != plain);
-
-    // In pieces as at once, and another start gives other bytes.
-    DName head("secret");
-    DName tail = Raw(std::string("\0text", 5));
-    unsigned int piecewise = 5;
-    head.det(key, piecewise);
-    tail.det(key, piecewise);
-    EXPECT_TRUE(head + tail == scrambled);
-    DName elsewhere(plain);
-    unsigned int other = 6;
-    elsewhere.det(key, other);
-    EXPECT_TRUE(elsewhere != scrambled);
-
-    position = 5;
-    scrambled.det(key, position);
-    EXPECT_TRUE(scrambled == plain);
-    unsigned int unkeyed = 3;
-    scrambled.det(DName(), unkeyed);
-    EXPECT_TRUE(scrambled == plain);
-    EXPECT_EQ(unkeyed, 14u);
+    DName const key("k3y"), plain = Raw(std::string("secret\0text", 11));
+    auto det = [&](DName text, unsigned int start, DName const& with, unsigned int* end = nullptr) {
+        text.det(with, start);
+        if (end)
+            *end = start;
+        return text;
+    };
+    unsigned int end = 0, piece = 0, unkeyed = 0;
+    DName const scrambled = det(plain, 5, key, &end);
+    EXPECT_TRUE(end == 16 && scrambled != plain && det(scrambled, 5, key) == plain);
+    EXPECT_TRUE(det(plain, 6, key) != scrambled);            // another start, other bytes
+    DName const head = det(DName("secret"), 5, key, &piece); // in pieces as at once
+    EXPECT_TRUE(head + det(Raw(std::string("\0text", 5)), piece, key) == scrambled);
+    EXPECT_TRUE(det(plain, 3, DName(), &unkeyed) == plain && unkeyed == 14);
 }
 
 TEST(Wildcard, MatchesStarsAndQuestionMarksInAnyCase) {

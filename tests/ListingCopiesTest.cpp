@@ -48,7 +48,7 @@ DName DFileLoad::*const names[] = {&DFileLoad::workPath, &DFileLoad::storedDir,
                                    &DFileLoad::browseFilter};
 Container<DName> DFileLoad::*const lists[] = {&DFileLoad::browseNames, &DFileLoad::searchTerms};
 
-char controls[4];
+char controls[12]; // stand-ins: the listing only keeps their addresses
 
 // A value of its own in every field, all different from those of a new object; `seed` makes
 // two such listings different from each other.
@@ -70,10 +70,10 @@ void FillAll(DFileLoad& load, unsigned seed) {
     load.spec.streamByte = static_cast<BYTE>(seed + 7);
     load.foundFile = seed == 1 ? "C:\\found" : "C:\\other";
     load.foundFile.dataEncrypted = seed == 1;
-    load.progressBar = reinterpret_cast<DProgressBar*>(&controls[0] + seed);
-    load.percentText = reinterpret_cast<DText*>(&controls[1] + seed);
-    load.statusWnd = reinterpret_cast<DStatusWnd*>(&controls[2] + seed);
-    load.listControl = reinterpret_cast<DListControl*>(&controls[0] + seed * 3);
+    load.progressBar = reinterpret_cast<DProgressBar*>(&controls[seed * 4]);
+    load.percentText = reinterpret_cast<DText*>(&controls[seed * 4 + 1]);
+    load.statusWnd = reinterpret_cast<DStatusWnd*>(&controls[seed * 4 + 2]);
+    load.listControl = reinterpret_cast<DListControl*>(&controls[seed * 4 + 3]);
 }
 
 void ExpectSameValues(DFileLoad const& copy, DFileLoad const& source) {
