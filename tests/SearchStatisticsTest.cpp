@@ -64,29 +64,21 @@ TEST(SearchStatistics, AnalysisByAttribute) {
     DFileLoad load;
     EXPECT_EQ(load.GetTotalAnalysis(In(tree, "a"), false), 6u);
     EXPECT_EQ(load.GetTotalMatchesSize(), (1ull << 32) + 5 + 7 + 3);
-    // Each tally with its size, the low halves only. Entries that are neither file nor
-    // directory are System, the others never are.
-    struct Tally {
-        DWORD const& (DFileLoad::*count)() const;
-        std::uint64_t const& (DFileLoad::*size)() const;
-        DWORD expectedCount;
-        std::uint64_t expectedSize;
-    };
-    Tally const tallies[] = {
-        {&DFileLoad::GetTotalSearchArchive, &DFileLoad::GetTotalSearchArchiveSize, 3, 5 + 7 + 3},
-        {&DFileLoad::GetTotalSearchDirectory, &DFileLoad::GetTotalSearchDirectorySize, 1, 0},
-        {&DFileLoad::GetTotalSearchHidden, &DFileLoad::GetTotalSearchHiddenSize, 2, 3},
-        {&DFileLoad::GetTotalSearchReadOnly, &DFileLoad::GetTotalSearchReadOnlySize, 2, 0},
-        {&DFileLoad::GetTotalSearchSystem, &DFileLoad::GetTotalSearchSystemSize, 2, 0},
-        {&DFileLoad::GetTotalSearchNormal, &DFileLoad::GetTotalSearchNormalSize, 0, 0},
-        {&DFileLoad::GetTotalSearchTemporary, &DFileLoad::GetTotalSearchTemporarySize, 0, 0},
-        {&DFileLoad::GetTotalSearchCompressed, &DFileLoad::GetTotalSearchCompressedSize, 0, 0},
-        {&DFileLoad::GetTotalSearchEncrypted, &DFileLoad::GetTotalSearchEncryptedSize, 0, 0},
-    };
-    for (Tally const& tally : tallies) {
-        EXPECT_EQ((load.*tally.count)(), tally.expectedCount) << &tally - tallies;
-        EXPECT_EQ((load.*tally.size)(), tally.expectedSize) << &tally - tallies;
-    }
+    // Archive, directory, hidden, read-only, system, normal, temporary, compressed, encrypted,
+    // then their sizes, the low halves only. Entries that are neither file nor directory are
+    // System, the others never are.
+    EXPECT_EQ(
+        std::vector<std::uint64_t>(
+            {load.GetTotalSearchArchive(), load.GetTotalSearchDirectory(),
+             load.GetTotalSearchHidden(), load.GetTotalSearchReadOnly(),
+             load.GetTotalSearchSystem(), load.GetTotalSearchNormal(),
+             load.GetTotalSearchTemporary(), load.GetTotalSearchCompressed(),
+             load.GetTotalSearchEncrypted(), load.GetTotalSearchArchiveSize(),
+             load.GetTotalSearchDirectorySize(), load.GetTotalSearchHiddenSize(),
+             load.GetTotalSearchReadOnlySize(), load.GetTotalSearchSystemSize(),
+             load.GetTotalSearchNormalSize(), load.GetTotalSearchTemporarySize(),
+             load.GetTotalSearchCompressedSize(), load.GetTotalSearchEncryptedSize()}),
+        std::vector<std::uint64_t>({3, 1, 2, 2, 2, 0, 0, 0, 0, 5 + 7 + 3, 0, 3, 0, 0, 0, 0, 0, 0}));
 
     // A plain run leaves the analysis of the last one in place; the next analysis starts anew.
     ASSERT_TRUE(load.LoadDirListing(In(tree, "b")));
