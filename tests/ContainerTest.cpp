@@ -65,7 +65,8 @@ TEST(Container, AgreesWithAPlainSequence) {
         ASSERT_STREQ(&list[list.count - 1], "end");
         Container<DFile> copy;
         copy.InsertRight(Record("old"));
-        EXPECT_TRUE(copy = list);
+        Container<DFile> const& same = copy;
+        EXPECT_TRUE((copy = list) && (copy = same)); // onto itself: unchanged
         EXPECT_EQ(Paths(copy), Paths(list));
         EXPECT_NE(copy.head, list.head);
     }
