@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <sys/wait.h>
 #include <unistd.h>
 #include <vector>
 
@@ -18,14 +19,18 @@ namespace {
 
 // A listing as a search of a large tree gives it: directories of 50 entries, paths about 45
 // bytes, sizes and dates that differ from record to record.
-void Fill(DFileLoad& listing, unsigned count) {
+DName EntryPath(unsigned i) {
     char path[96];
+    std::snprintf(path, sizeof path, "Z:\\projects\\tree%u\\folder%u\\entry-%u.dat", i / 5000,
+                  i / 50, i);
+    return DName(path);
+}
+
+void Fill(DFileLoad& listing, unsigned count) {
     for (unsigned i = 0; i < count; ++i) {
-        std::snprintf(path, sizeof path, "Z:\\projects\\tree%u\\folder%u\\entry-%u.dat", i / 5000,
-                      i / 50, i);
         FILETIME const date = {0x2C7B6000u + i * 7919u, 0x01D00000};
         listing.InsertRight(
-            DFile(DName(path), i % 50 == 0 ? 0x10 : 0x20, i * 37u, &date, &date, &date));
+            DFile(EntryPath(i), i % 50 == 0 ? 0x10 : 0x20, i * 37u, &date, &date, &date));
     }
 }
 
@@ -49,13 +54,27 @@ std::string StreamPath(char const* what) {
         .string();
 }
 
-// The stored listing of `count` records, written once for the readers.
+// The stored listing of `count` records, written once for the readers by a child process, so
+// that a reader's heap is as fresh as that of a host that loads a stored listing.
 std::string const& StoredListing(unsigned count) {
-    static std::string const path = StreamPath("listing");
+    // The file goes when the process ends.
+    static struct Stream {
+        std::string const path = StreamPath("listing");
+        ~Stream() { std::remove(path.c_str()); }
+    } const stream;
+    std::string const& path = stream.path;
     static unsigned stored = 0;
     if (stored != count) {
-        FileOper out(path.c_str(), true);
-        Listing(count).Write(out);
+        pid_t const child = fork();
+        if (child == 0) {
+            DFileLoad listing;
+            Fill(listing, count);
+            FileOper out(path.c_str(), true);
+            bool const written = listing.Write(out) && out.Flush();
+            _exit(written ? 0 : 1);
+        }
+        int status = 1;
+        waitpid(child, &status, 0);
         stored = count;
     }
     return path;
@@ -148,7 +167,7 @@ void ListingRead(benchmark::State& state) {
 void ListingReadFind(benchmark::State& state) {
     unsigned const count = static_cast<unsigned>(state.range(0));
     std::string const& path = StoredListing(count);
-    DName const last = Listing(count)[count - 1].GetFullPath();
+    DName const last = EntryPath(count - 1);
     DFileLoad any;
     for (auto _ : state) {
         FileOper in(path.c_str(), false);
