@@ -6,6 +6,7 @@
 #   bench/ratios.sh [BUILD_DIR] [FILTER]    (default: build/default, every benchmark)
 #   RATIO_TIME=cpu bench/ratios.sh ...      processor time instead of wall time, for a machine
 #                                           that others share
+#   RATIO_RUNS=4 bench/ratios.sh ...        best of four runs instead of two
 set -euo pipefail
 cd "$(dirname "$0")/.."
 bench=${1:-build/default}/bench/tessik_bench
@@ -23,9 +24,9 @@ run() {
                 line = line " " names[i] "=" $i }; print line }'
 }
 
-best() { # the run of benchmark $1 at size $2 with the better time, of two
+best() { # the run of benchmark $1 at size $2 with the best time, of RATIO_RUNS
   local best= line
-  for _ in 1 2; do
+  for _ in $(seq "${RATIO_RUNS:-2}"); do
     line=$(run "$1" "$2")
     if [ -z "$best" ] || awk -v a="${line%% *}" -v b="${best%% *}" 'BEGIN { exit !(a < b) }'; then
       best=$line
