@@ -72,16 +72,28 @@ DWORD DFile::HeaderSize() const {
 
 // The first value gives the length, 1 to 993, the further ones the characters from left to
 // right, 1 to 129 each; they are drawn in one batch, the same values as one call after another.
+// The key is set in one piece, over the text it held (its room is used again), and emptied when
+// that fails.
 bool DFile::CreateHashKey(DName& key) {
-    key = 0;
-    constexpr int longest = 0x7FFF / 33 + 1;
+    constexpr int block = 16; // characters made in blocks of a fixed length, which vectorise
+    constexpr int longest = (0x7FFF / 33 + block) / block * block;
     int const length = msvcrt_rand() / 33 + 1;
-    int values[longest];
+    std::uint16_t values[longest];
     msvcrt_rand_many(values, static_cast<std::size_t>(length));
+    for (int i = length; i % block != 0; ++i)
+        values[i] = 0; // the rest of the last block, made and not used
     char characters[longest];
-    for (int i = 0; i < length; ++i)
-        characters[i] = static_cast<char>(values[i] / 255 + 1);
-    return key.Namen(characters, static_cast<unsigned int>(length));
+    for (int i = 0; i < length; i += block) {
+        for (int j = i; j < i + block; ++j) {
+            // value / 255 without a division (exact below 65535); it all fits in 16 bits
+            unsigned const value = values[j];
+            characters[j] = static_cast<char>(((value + (value >> 8) + 1) >> 8) + 1);
+        }
+    }
+    if (key.Namen(characters, static_cast<unsigned int>(length)))
+        return true;
+    key = 0;
+    return false;
 }
 
 void DFile::IncWord(DWORD& word, DName const& key, unsigned int& position) {

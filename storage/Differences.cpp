@@ -45,9 +45,16 @@ std::uint64_t EqualityHash(DFile const& file) {
 // The records of a listing by that hash, in an open-addressed table at most half full. Records
 // with an empty path are left out: they are equal to nothing. Should the table not fit in
 // memory, a look-up walks the listing instead, with the same answers.
+//
+// The table is larger than the processor's caches for large listings, so records go in and are
+// looked up in groups: the hashes of a group first, then its slots, whose cache misses can then
+// overlap instead of waiting one for the other.
 class RecordIndex {
 public:
-    explicit RecordIndex(Container<DFile> const& listing) : files(listing), mask(0), slots(nullptr) {
+    static constexpr unsigned group = 64;
+
+    explicit RecordIndex(Container<DFile> const& listing)
+        : files(listing), mask(0), slots(nullptr) {
         std::size_t capacity = 16;
         while (capacity < static_cast<std::size_t>(listing.count) * 2)
             capacity *= 2;
@@ -55,30 +62,50 @@ public:
         if (!slots)
             return;
         mask = capacity - 1;
-        for (DFile const* record = listing.head; record; record = record->next) {
-            if (record->fullPath.isEmpty())
-                continue;
-            std::uint64_t const hash = EqualityHash(*record);
-            std::size_t at = static_cast<std::size_t>(hash) & mask;
-            while (slots[at].record)
-                at = (at + 1) & mask;
-            slots[at] = Slot{hash, record};
+        for (DFile const* record = listing.head; record;) {
+            Group const next = Hashes(record);
+            for (unsigned i = 0; i < next.size; ++i) {
+                std::size_t at = static_cast<std::size_t>(next.hashes[i]) & mask;
+                while (slots[at].record)
+                    at = (at + 1) & mask;
+                slots[at] = Slot{next.hashes[i], next.records[i]};
+            }
+            record = next.after;
         }
     }
     ~RecordIndex() { delete[] slots; }
     RecordIndex(RecordIndex const&) = delete;
     RecordIndex& operator=(RecordIndex const&) = delete;
 
-    bool Holds(DFile const& wanted) const {
-        if (wanted.fullPath.isEmpty())
-            return false;
+    // Up to `group` records with a path from `first` on, their hashes, and where the walk goes on.
+    struct Group {
+        DFile const* records[group];
+        std::uint64_t hashes[group];
+        unsigned size;
+        DFile const* after;
+    };
+
+    static Group Hashes(DFile const* first) {
+        Group next;
+        next.size = 0;
+        for (; first && next.size < group; first = first->next) {
+            if (first->fullPath.isEmpty())
+                continue;
+            next.records[next.size] = first;
+            next.hashes[next.size++] = EqualityHash(*first);
+        }
+        next.after = first;
+        return next;
+    }
+
+    // Whether the listing holds a record equal to the one with this hash.
+    bool Holds(DFile const& wanted, std::uint64_t hash) const {
         if (!slots) {
             for (DFile const* record = files.head; record; record = record->next)
                 if (*record == wanted)
                     return true;
             return false;
         }
-        std::uint64_t const hash = EqualityHash(wanted);
         for (std::size_t at = static_cast<std::size_t>(hash) & mask; slots[at].record;
              at = (at + 1) & mask)
             if (slots[at].hash == hash && *slots[at].record == wanted)
@@ -103,11 +130,17 @@ bool DFileLoad::FindDifferences(DFileLoad const& other, DFileLoad& differences) 
     bool found = false;
     differences.files.Destroy(); // first: what it held is gone, found or not
     RecordIndex const index(files);
-    for (DFile const* record = other.files.head; record; record = record->next) {
-        if (index.Holds(*record))
-            continue;
-        found = true;
-        differences.files.InsertRight(*record); // a copy that cannot be made is left out
+    // Records of `other` in their order; those with an empty path are differences without a look.
+    for (DFile const* record = other.files.head; record;) {
+        RecordIndex::Group const next = RecordIndex::Hashes(record);
+        for (unsigned i = 0; record != next.after; record = record->next) {
+            bool const held = i < next.size && next.records[i] == record &&
+                              index.Holds(*record, next.hashes[i++]);
+            if (held)
+                continue;
+            found = true;
+            differences.files.InsertRight(*record); // a copy that cannot be made is left out
+        }
     }
     return found;
 }

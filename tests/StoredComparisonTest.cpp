@@ -1,50 +1,39 @@
 #include "support/RecordFields.h"
-#include "support/TempTree.h"
-
-#include <tessik/tessik.h>
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <random>
 #include <set>
-#include <string>
-#include <vector>
 
 namespace {
-
-char const* const paths[] = {"", "C:\\a\\x.txt", "D:\\b\\x.txt", "C:\\a\\y", "y", "C:\\a\\X.txt"};
-
-// Few values in each field, so that records repeat, and paths and file names meet.
-DFile RandomRecord(std::mt19937& random) {
-    FILETIME const date = {static_cast<DWORD>(random() % 2), 1}, seen = {0, 2};
-    DFile file(DName(paths[random() % 6]), random() % 2 ? 0x20 : 0x10,
-               static_cast<DWORD>(random() % 2), &date, &seen, &date);
-    file.dateCreated.dwHighDateTime = random() % 8 ? 1 : 5;
-    file.dateLastAccessed.dwLowDateTime = static_cast<DWORD>(random() % 3); // no difference
-    file.sizeHigh = random() % 8 ? 0 : 1;
-    file.hashKey = random() % 2 ? "key" : ""; // no difference either
-    return file;
-}
 
 std::set<std::string> Names(DFileLoad const& load) {
     std::set<std::string> names;
     for (DFile const* f = load.files.head; f; f = f->next)
-        names.insert(f->GetFileName().operator&());
+        names.insert(&f->GetFileName());
     return names;
 }
 
 } // namespace
 
-TEST(ListingLookup, AgreesWithARecordByRecordScan) {
+// Against the record-by-record walks as described, on listings of few values in each field, so
+// that records repeat and paths and file names meet. Access dates and keys make no difference.
+TEST(ListingLookup, AgreesWithARecordByRecordWalk) {
+    char const* const paths[] = {"", "C:\\a\\x.txt", "D:\\b\\x.txt", "C:\\a\\y", "y", "C:\\X.txt"};
     std::mt19937 random(17);
     for (int round = 0; round < 300; ++round) {
-        DFileLoad mine, other, differences;
-        for (auto n = random() % 12; n > 0; --n)
-            mine.InsertRight(RandomRecord(random));
-        for (auto n = random() % 12; n > 0; --n)
-            other.InsertRight(RandomRecord(random));
-        differences.InsertRight(RandomRecord(random)); // gone, whatever the result
-        DFileLoad expected;
+        DFileLoad mine, other, differences, expected;
+        for (DFileLoad* load : {&mine, &mine, &other, &other, &differences})
+            for (auto n = random() % 6; n > 0; --n) {
+                FILETIME const date = {DWORD(random() % 2), 1}, seen = {DWORD(random() % 3), 2};
+                DFile file(DName(paths[random() % 6]), random() % 2 ? 0x20 : 0x10,
+                           DWORD(random() % 2), &date, &seen, &date);
+                file.dateCreated.dwHighDateTime = random() % 8 ? 1 : 5;
+                file.sizeHigh = random() % 8 ? 0 : 1;
+                file.hashKey = random() % 2 ? "key" : "";
+                load->InsertRight(file);
+            }
         for (DFile const* r = other.files.head; r; r = r->next) {
             bool held = false;
             for (DFile const* m = mine.files.head; m; m = m->next)
@@ -53,17 +42,14 @@ TEST(ListingLookup, AgreesWithARecordByRecordScan) {
                 expected.InsertRight(*r);
         }
         EXPECT_EQ(mine.FindDifferences(other, differences), !expected.isEmpty());
-        EXPECT_EQ(AllFields(differences), AllFields(expected));
+        EXPECT_EQ(AllFields(differences), AllFields(expected)); // what it held is gone
 
         DName const name(paths[random() % 6]);
-        DName file(name);
-        file.RemDir();
         int at = -1, byName = -1, position = 0;
         for (DFile const* m = mine.files.head; m; m = m->next, ++position) {
-            if (at < 0 && m->fullPath == name)
-                at = position;
-            if (byName < 0 && m->GetFileName() == file)
-                byName = position;
+            at = at < 0 && m->fullPath == name ? position : at;
+            bool const sameName = m->GetFileName() == DFile(name, 0, 0, 0, 0, 0).GetFileName();
+            byName = byName < 0 && sameName ? position : byName;
         }
         EXPECT_EQ(mine.FindPos(name), at);
         EXPECT_EQ(mine.FindByLong(name), at);
@@ -71,6 +57,8 @@ TEST(ListingLookup, AgreesWithARecordByRecordScan) {
     }
 }
 
+// A stored listing of a tree against a fresh search after a file was touched, one added and one
+// removed: the added and changed records, and swapped, the removed and changed ones.
 TEST(ListingLookup, DifferencesOfATreeAfterChanges) {
     TempTree tree;
     tree.MakeDir("t");
@@ -80,23 +68,59 @@ TEST(ListingLookup, DifferencesOfATreeAfterChanges) {
     tree.SetTimes("t/sub/c.txt", 1000000000);
     DirectoryListingSpec const spec(DName("*"), DName(tree.WinPath("t").c_str()));
     DFileLoad searched, stored, fresh, differences;
-    ASSERT_TRUE(searched.LoadAllDirListings(spec, true));
-    {
-        FileOper out(tree.Path("stored").c_str(), true);
-        ASSERT_TRUE(searched.Write(out));
-    }
-    FileOper in(tree.Path("stored").c_str(), false);
-    ASSERT_TRUE(stored.Read(in));
-
+    std::string const path = FreshPath(tree);
+    ASSERT_TRUE(searched.LoadAllDirListings(spec, true) && Store(searched, path));
+    ASSERT_TRUE(Load(stored, path));
     tree.SetTimes("t/sub/c.txt", 1000000001); // one second later
     tree.MakeFile("t/new.txt");
     std::remove(tree.Path("t/b.txt").c_str());
     ASSERT_TRUE(fresh.LoadAllDirListings(spec, true));
-    EXPECT_TRUE(stored.FindDifferences(fresh, differences));
+    EXPECT_TRUE(stored.FindDifferences(fresh, differences) && differences.Size() == 2);
     EXPECT_EQ(Names(differences), (std::set<std::string>{"c.txt", "new.txt"}));
-    EXPECT_EQ(differences.Size(), 2u);
-    EXPECT_TRUE(fresh.FindDifferences(stored, differences));
+    EXPECT_TRUE(fresh.FindDifferences(stored, differences) && differences.Size() == 2);
     EXPECT_EQ(Names(differences), (std::set<std::string>{"b.txt", "c.txt"}));
-    EXPECT_EQ(differences.Size(), 2u);
-    EXPECT_FALSE(fresh.FindDifferences(fresh, differences));
+}
+
+// Lines of two records, with all columns and with a control's styles; the report of the same.
+TEST(ListingLineFormat, ColumnsLineUpAndTheReportHasOneHeader) {
+    TempTree tree;
+    DFileLoad load;
+    load.InsertRight(DFile(DName("C:\\a\\long-name.txt"), 0x20, 5, nullptr, nullptr, nullptr));
+    load.InsertRight(DFile(DName("D:\\b.c"), 0, 1, nullptr, nullptr, nullptr));
+    load[1].sizeHigh = 1; // 4294967297, shown in full
+    std::string const date(&DFile().FormatNumericalDate(FILETIME{0, 0}));
+    std::string const dates = date + " " + date + " " + date;
+    EXPECT_EQ(&load.Format(0),
+              "long-name.txt C:\\ C:\\a\\long-name.txt 5          --A------ " + dates);
+    EXPECT_EQ(&load.Format(1),
+              "b.c           D:\\ D:\\b.c             4294967297 --------- " + dates);
+    EXPECT_STREQ(&load.Format(2), "");
+    DListControl list;
+    load.SetupControls(nullptr, nullptr, nullptr, &list);
+    for (auto const& style : std::vector<std::pair<DWORD, std::string>>{
+             {0, ""}, {128, date}, {1, "b.c           "}, {2 | 8, "D:\\ 4294967297 "}}) {
+        list.SetReportStyle(style.first);
+        EXPECT_EQ(&load.Format(1), style.second) << style.first;
+    }
+    std::string const report = FreshPath(tree), blocks = FreshPath(tree);
+    {
+        FileOper out(report.c_str(), true), each(blocks.c_str(), true);
+        ASSERT_TRUE(load.TextWrite(out) && load[0].TextWrite(each) && load[1].TextWrite(each));
+    }
+    EXPECT_EQ(FileBytes(report),
+              "       Creation     Last Access      Write Date           Size Attributes\n" +
+                  FileBytes(blocks));
+}
+
+TEST(KeyDrawing, ABatchDrawsWhatSingleCallsDraw) {
+    for (unsigned count : {0u, 1u, 7u, 31u, 32u, 33u, 64u, 65u, 100u, 993u}) {
+        std::vector<std::uint16_t> single(count + 1), batch(count + 1);
+        msvcrt_srand(count * 7919);
+        for (std::uint16_t& value : single)
+            value = std::uint16_t(msvcrt_rand());
+        msvcrt_srand(count * 7919);
+        msvcrt_rand_many(batch.data(), count);
+        batch[count] = std::uint16_t(msvcrt_rand()); // goes on where the calls would
+        EXPECT_EQ(batch, single) << count;
+    }
 }

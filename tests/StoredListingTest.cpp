@@ -1,116 +1,115 @@
 #include "support/RecordFields.h"
-#include "support/TempTree.h"
-
-#include <tessik/tessik.h>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
-#include <string>
-#include <vector>
 
 namespace {
 
-// Paths of any bytes, empty ones among them; numbers and dates over their whole range.
-void AddRandom(DFileLoad& load, std::mt19937& random, unsigned count) {
-    auto word = [&] { return static_cast<DWORD>(random()); };
-    for (unsigned i = 0; i < count; ++i) {
-        std::string path(random() % 5 ? random() % 40 : 0, '\0');
-        for (char& c : path)
-            c = static_cast<char>(random());
-        FILETIME const made = {word(), word()}, seen = {word(), word()}, changed = {word(), word()};
-        DFile file(DName(), word(), word(), &made, &seen, &changed);
-        file.fullPath.Namen(path.data(), static_cast<unsigned>(path.size()));
-        file.sizeHigh = random() % 2 ? word() : 0;
-        load.InsertRight(file);
-    }
+std::string Word(DWORD value) {
+    return {char(value), char(value >> 8), char(value >> 16), char(value >> 24)};
 }
 
 } // namespace
 
-TEST(StoredListing, RoundTripsAndFindsEachRecord) {
+// Random listings (paths of any bytes, empty ones among them, every number over its whole range)
+// come back whole, and each path is found in the stream. The stream of three records is then cut
+// at every byte: the records read whole stay; without a whole count the object stays as it was.
+TEST(StoredListing, RoundTripsFindsAndKeepsWhatWasRead) {
     TempTree tree;
     std::mt19937 random(11);
-    for (unsigned count : {0u, 1u, 2u, 37u}) {
-        std::string const path = FreshPath(tree);
-        DFileLoad written;
-        AddRandom(written, random, count);
-        {
-            FileOper out(path.c_str(), true);
-            ASSERT_TRUE(written >> out);
+    auto word = [&] { return DWORD(random()); };
+    for (unsigned count : {0u, 1u, 3u, 37u}) {
+        DFileLoad written, read;
+        for (unsigned i = 0; i < count + 2; ++i) {
+            std::string path(random() % 5 ? random() % 40 : 0, '\0');
+            std::generate(path.begin(), path.end(), [&] { return char(random()); });
+            FILETIME const made = {word(), word()}, seen = {word(), word()},
+                           wrote = {word(), word()};
+            DFile file(DName(), word(), word(), &made, &seen, &wrote);
+            file.fullPath.Namen(path.data(), unsigned(path.size()));
+            file.sizeHigh = random() % 2 ? word() : 0;
+            (i < count ? written : read).InsertRight(file); // two records in `read`, to go
         }
-        DFileLoad read;
-        AddRandom(read, random, 3); // emptied first
+        if (count == 3)
+            written[2].fullPath = "C:\\last"; // found by none of the cuts
+        std::string const path = FreshPath(tree);
         DListControl list;
         list.SetText(DName("stale"), 50, 0);
         read.SetupControls(nullptr, nullptr, nullptr, &list);
-        FileOper in(path.c_str(), false);
-        ASSERT_TRUE(read << in);
+        ASSERT_TRUE(Store(written, path) && Load(read, path));
         EXPECT_EQ(AllFields(read), AllFields(written)); // the keys that the write made included
         EXPECT_EQ(list.RowCount(), count);
-        if (count == 0) {
-            EXPECT_EQ(FileBytes(path), std::string(4, '\0'));
-        }
-
-        // Each path is found by a look-up in the stream, standing where its first record stands.
-        for (DFile const* f = written.files.head; f; f = f->next) {
-            FileOper again(path.c_str(), false);
+        EXPECT_TRUE(count || FileBytes(path) == std::string(4, '\0'));
+        for (unsigned i = 0; i <= count; ++i) { // each path: its first record; a miss: the last
+            FileOper in(path.c_str(), false);
             DFile found;
-            bool const hit = read.ReadFind(again, f->fullPath, found);
-            int const at = read.FindPos(f->fullPath);
-            EXPECT_EQ(hit, at >= 0);
-            if (hit) {
-                EXPECT_EQ(Fields(found), Fields(read[static_cast<unsigned>(at)]));
-            }
+            DName const name = i < count ? read[i].fullPath : DName("no such path");
+            EXPECT_EQ(read.ReadFind(in, name, found), i < count);
+            unsigned const at = i < count ? unsigned(read.FindPos(name)) : count - 1;
+            EXPECT_TRUE(count == 0 || Fields(found) == Fields(read[at]));
         }
-        FileOper miss(path.c_str(), false);
-        DFile last;
-        EXPECT_FALSE(read.ReadFind(miss, DName("no such path in any listing"), last));
-        if (count) {
-            EXPECT_EQ(Fields(last), Fields(read[count - 1]));
-        }
+        if (count != 3)
+            continue;
+        std::vector<std::uint64_t> ends; // where each record ends
+        FileOper in(path.c_str(), false);
+        in.SetPos(4);
+        for (DFile record; record.Read(in);)
+            ends.push_back(in.GetPos());
+        std::string const whole = FileBytes(path);
+        ForEachCut(tree, whole, [&](std::string const& part, std::size_t cut) {
+            FileOper again(part.c_str(), false);
+            DFile found;
+            EXPECT_FALSE(Load(read, part) || read.ReadFind(again, DName("C:\\last"), found));
+            auto const records = std::upper_bound(ends.begin(), ends.end(), cut) - ends.begin();
+            EXPECT_EQ(read.Size(), cut < 4 ? 3u : unsigned(records)) << cut;
+        });
+        // A count that claims 4,294,967,295 records in front of two: the two, then false.
+        std::ofstream(path, std::ios::binary) << Word(~0u) + whole.substr(4, ends[1] - 4);
+        EXPECT_FALSE(Load(read, path));
+        EXPECT_EQ(read.Size(), 2u);
     }
 }
 
-TEST(StoredListing, DamagedStreamsKeepWhatWasRead) {
+// A text of every byte goes out as its radix form, two hex digits a byte, and comes back.
+TEST(StoredCriteria, LayoutIsPinnedAndCutsKeepWhatWasRead) {
     TempTree tree;
-    std::string const path = tree.Path("listing");
-    std::mt19937 random(5);
-    DFileLoad written;
-    AddRandom(written, random, 3);
-    written[2].fullPath = "C:\\last";
-    {
-        FileOper out(path.c_str(), true);
-        ASSERT_TRUE(written.Write(out));
+    DirectoryListingSpec spec("*.txt", 0x33, 5), back;
+    std::string text, radix;
+    for (int c = 0; c < 256; ++c) {
+        text += char(c);
+        radix += std::string{"0123456789abcdef"[c / 16], "0123456789abcdef"[c % 16]};
     }
-    std::string const whole = FileBytes(path);
-    std::vector<std::uint64_t> ends; // where each record ends
-    {
-        FileOper in(path.c_str(), false);
-        DFile record;
-        in.SetPos(4);
-        while (record.Read(in))
-            ends.push_back(in.GetPos());
-    }
-    ASSERT_EQ(ends.size(), 3u);
-    ForEachCut(tree, whole, [&](std::string const& part, std::size_t cut) {
-        DFileLoad read;
-        AddRandom(read, random, 1);
-        FileOper in(part.c_str(), false), again(part.c_str(), false);
-        EXPECT_FALSE(read.Read(in));
-        unsigned wholeRecords = 0;
-        while (wholeRecords < 3 && ends[wholeRecords] <= cut)
-            ++wholeRecords;
-        EXPECT_EQ(read.Size(), cut < 4 ? 1u : wholeRecords) << "cut at " << cut;
-        DFile found;
-        EXPECT_FALSE(read.ReadFind(again, DName("C:\\last"), found));
-    });
+    spec.textToFind.Namen(text.data(), 256);
+    spec.streamByte = 7, spec.readBlockSize = 0x01020304, spec.sizeTest = 1, spec.writtenTest = 2;
+    spec.createdTest = 3, spec.accessedTest = 4, spec.invertContaining = true;
+    spec.containingMode = 9, spec.sizeUpper = 0x11, spec.size = 0x22;
+    spec.dateCreated = {1, 2}, spec.dateLastAccessed = {3, 4}, spec.dateWritten = {5, 6};
+    std::string const path = FreshPath(tree);
+    ASSERT_TRUE(Store(spec, path));
+    std::string const lists = Word(0x28018293) + Word(1) + Word(5) + "*.txt" + Word(0);
+    std::string const bytes = FileBytes(path);
+    EXPECT_EQ(bytes, lists + "\x07" + Word(512) + radix + Word(0x01020304) + "\x01\x02\x03\x04" +
+                         "\x05\x01\x09" + Word(0x11) + Word(0x22) + Word(0x33) + Word(1) + Word(2) +
+                         Word(3) + Word(4) + Word(5) + Word(6));
+    ASSERT_TRUE(Load(back, path) && back.textToFind == spec.textToFind && Store(back, path));
+    EXPECT_EQ(FileBytes(path), bytes);
 
-    // A count that claims 4,294,967,295 records in front of two: the two are read, then false.
-    std::string const lie =
-        PutFileBytes(tree, std::string(4, '\xFF') + whole.substr(4, ends[1] - 4));
-    DFileLoad read;
-    FileOper in(lie.c_str(), false);
-    EXPECT_FALSE(read.Read(in));
-    EXPECT_EQ(read.Size(), 2u);
+    // Before the magic is whole nothing changes; behind the lists they are new; the text to find
+    // stays the old one to the end.
+    ForEachCut(tree, bytes, [&](std::string const& part, std::size_t cut) {
+        DirectoryListingSpec read("old", DName("dir"), DName("old text"), false);
+        EXPECT_FALSE(Load(read, part));
+        EXPECT_EQ(read.namePatterns.count == 1 && read.namePatterns[0] == "old", cut < 4) << cut;
+        EXPECT_EQ(read.directories.count, cut < lists.size() - 4 ? 1u : 0u);
+        EXPECT_EQ(read.readBlockSize, cut >= lists.size() + 521 ? 0x01020304u : 0u);
+        EXPECT_EQ(read.textToFind, DName("old text"));
+    });
+    std::ofstream(path, std::ios::binary) << "\x28\x01\x82\x93" + bytes.substr(4);
+    EXPECT_FALSE(Load(back, path)); // the magic the wrong way round: untouched
+    EXPECT_EQ(back.textToFind, spec.textToFind);
+    std::ofstream(path, std::ios::binary) << Word(0x28018293) + Word(~0u) + Word(1) + "a";
+    EXPECT_FALSE(Load(back, path));
+    EXPECT_EQ(back.namePatterns.count, 0u);
 }

@@ -27,10 +27,10 @@ inline int msvcrt_rand() {
 inline void msvcrt_srand(unsigned seed) {
     srand(seed);
 }
-// `count` values into `values`, exactly as `count` calls of rand give them.
-inline void msvcrt_rand_many(int* values, std::size_t count) {
+// `count` values into `values`, exactly as `count` calls of rand give them (0 to 32767 each).
+inline void msvcrt_rand_many(std::uint16_t* values, std::size_t count) {
     for (std::size_t i = 0; i < count; ++i)
-        values[i] = rand();
+        values[i] = static_cast<std::uint16_t>(rand());
 }
 
 #else
@@ -272,7 +272,7 @@ TESSIK_API int msvcrt_rand();
 TESSIK_API void msvcrt_srand(unsigned seed);
 // `count` values into `values`, exactly as `count` calls of msvcrt_rand give them, leaving the
 // generator where those calls would; faster than the calls.
-TESSIK_API void msvcrt_rand_many(int* values, std::size_t count);
+TESSIK_API void msvcrt_rand_many(std::uint16_t* values, std::size_t count);
 // ---- end runtime ----
 
 #endif

@@ -1,11 +1,10 @@
-// Whole records and whole files, for comparing what went into a stream with what came back.
+// Whole records and whole stream files, for comparing what went into a stream with what came out.
 #ifndef TESSIK_TESTS_RECORDFIELDS_H
 #define TESSIK_TESTS_RECORDFIELDS_H
 
 #include "support/TempTree.h"
 
-#include <tessik/DFile.h>
-#include <tessik/DFileLoad.h>
+#include <tessik/tessik.h>
 
 #include <fstream>
 #include <iterator>
@@ -13,16 +12,18 @@
 #include <tuple>
 #include <vector>
 
-// Every field of a record but its link, the key included.
+// Every field of a record but its link, the key included; of each record of a listing.
 inline auto Fields(DFile const& f) {
+    auto date = [](FILETIME const& d) {
+        return std::uint64_t(d.dwHighDateTime) << 32 | d.dwLowDateTime;
+    };
     return std::make_tuple(std::string(&f.fullPath, f.fullPath.Size()), f.sizeLow, f.sizeHigh,
-                           f.attributes, f.dateCreated.dwLowDateTime, f.dateCreated.dwHighDateTime,
-                           f.dateLastAccessed.dwLowDateTime, f.dateLastAccessed.dwHighDateTime,
-                           f.dateWritten.dwLowDateTime, f.dateWritten.dwHighDateTime,
-                           f.dataEncrypted, std::string(&f.hashKey, f.hashKey.Size()));
+                           f.attributes, date(f.dateCreated), date(f.dateLastAccessed),
+                           date(f.dateWritten), f.dataEncrypted,
+                           std::string(&f.hashKey, f.hashKey.Size()));
 }
 
-inline std::vector<decltype(Fields(DFile()))> AllFields(DFileLoad const& load) {
+inline auto AllFields(DFileLoad const& load) {
     std::vector<decltype(Fields(DFile()))> all;
     for (DFile const* f = load.files.head; f; f = f->next)
         all.push_back(Fields(*f));
@@ -34,29 +35,32 @@ inline std::string FileBytes(std::string const& path) {
     return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
 }
 
-// A file of its own for each stream: rewriting one file frees its blocks each time, which some
-// file systems make slow (a discard waited for at every truncation).
+// Writes `object` (a record, listing or criteria) to a new stream at `path`, or reads it from one.
+template <class T> bool Store(T& object, std::string const& path) {
+    FileOper out(path.c_str(), true);
+    return object.Write(out);
+}
+template <class T> bool Load(T& object, std::string const& path) {
+    FileOper in(path.c_str(), false);
+    return object.Read(in);
+}
+
+// A file of its own for each stream: rewriting one frees its blocks each time, which some file
+// systems make slow (a discard waited for at every truncation).
 inline std::string FreshPath(TempTree const& tree) {
     static unsigned made = 0;
     return tree.Path("stream" + std::to_string(++made));
 }
 
 // Calls test(path, cut) with the file at `path` holding the first `cut` bytes, for every cut
-// shorter than `bytes`. The file grows by appending, so no file is made or truncated per cut.
+// shorter than `bytes`. The file grows by appending: no file is made or truncated per cut.
 template <class Test> void ForEachCut(TempTree const& tree, std::string const& bytes, Test test) {
     std::string const path = FreshPath(tree);
     std::ofstream out(path, std::ios::binary);
-    for (std::size_t cut = 0; cut < bytes.size(); ++cut) {
+    for (std::size_t cut = 0; cut < bytes.size(); out.put(bytes[cut++])) {
         out.flush();
         test(path, cut);
-        out.put(bytes[cut]);
     }
-}
-
-inline std::string PutFileBytes(TempTree const& tree, std::string const& bytes) {
-    std::string const path = FreshPath(tree);
-    std::ofstream(path, std::ios::binary) << bytes;
-    return path;
 }
 
 #endif
