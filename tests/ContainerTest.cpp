@@ -76,29 +76,6 @@ TEST(Container, AgreesWithAPlainSequence) {
     EXPECT_EQ(target.head, nullptr);
 }
 
-TEST(Container, ForeignElementsAndHandMadeChains) {
-    Container<DFile> one, two;
-    for (char const* path : {"a", "b", "c"})
-        one.InsertRight(Record(path));
-    two.InsertRight(*one.head); // its link points into `one`
-    two.InsertRight(Record("z"));
-    EXPECT_EQ(Paths(two), (std::vector<std::string>{"a", "z"}));
-    EXPECT_EQ(Paths(one), (std::vector<std::string>{"a", "b", "c"}));
-
-    DFile* previous = nullptr; // reverse the chain by hand
-    for (DFile* file = one.head; file;) {
-        DFile* following = file->next;
-        file->next = previous;
-        previous = file;
-        file = following;
-    }
-    one.head = previous;
-    one.Relinked();
-    one.InsertRight(Record("d"));
-    EXPECT_EQ(Paths(one), (std::vector<std::string>{"c", "b", "a", "d"}));
-    EXPECT_STREQ(&one[3], "d");
-}
-
 TEST(Link, AppendReplaceAndCopy) {
     Link<bool> flags;
     EXPECT_EQ(flags(0), nullptr);

@@ -40,13 +40,6 @@ std::string const noDate = "0/00/1985 12:00:00 AM";
 
 } // namespace
 
-TEST(DNameNumbers, PlusAppendsTextOrDecimalNumber) {
-    EXPECT_EQ(Shown(DName("a") + DName("b")), "ab");
-    EXPECT_EQ(Shown(DName() + std::uint64_t{5}), "5");
-    EXPECT_EQ(Shown(DName("x") + std::uint64_t{0}), "x0");
-    EXPECT_EQ(Shown(DName("") + std::uint64_t{18446744073709551615u}), "18446744073709551615");
-}
-
 TEST(DFileText, AttributeFlagsAndWordsFollowTheTableOrder) {
     DFile file;
     file.attributes = allNine;
