@@ -114,8 +114,7 @@ TEST(ListingCopies, CopiesAreValuesOfTheirOwn) {
     EXPECT_EQ(copy.foundFile.next, std::addressof(anchor));
     copy.DelLeft();
     copy.browseNames.Destroy();
-    EXPECT_EQ(Names(source), "F1 D1");
-    EXPECT_EQ(source.browseNames.count, 1u);
+    EXPECT_TRUE(Names(source) == "F1 D1" && source.browseNames.count == 1);
     DFileLoad const fresh;
     EXPECT_EQ(DFileLoad(fresh).openFileFlags, 0xAA9A11u);
 
@@ -152,9 +151,7 @@ TEST(ListingCopies, ACopyNeverSharesAnOpenCursor) {
         source = same;
         EXPECT_TRUE(source.isOpen());
     } // the copies end without closing the source's enumeration
-    EXPECT_TRUE(++source);
-    EXPECT_TRUE(++source);
-    EXPECT_FALSE(++source);
+    EXPECT_TRUE(++source && ++source && !++source);
 }
 
 TEST(ListingCopies, ThinningKeepsOrderAndTheListUsable) {
