@@ -39,18 +39,7 @@ TEST(DFileDates, DatesOutsideTheValidYearsReadAsTheFallback) {
     EXPECT_TRUE(file.CompDates(file.GetUTCDate(St(2004, 13, 1)), zero)); // no such month
 }
 
-TEST(DFileDates, LocalTimeShowsOnTheTwelveHourClock) {
-    TempTree restoresZone;
-    UseZone("EST5EDT,M3.2.0,M11.1.0");
-    DFile file;
-    EXPECT_EQ(Texts(file, Utc(2004, 3, 9, 18, 5, 7)) + Texts(file, Utc(2004, 7, 31, 4)) +
-                  Texts(file, Utc(2004, 9, 1, 16)) + Texts(file, Utc(2005, 1, 1, 4, 59, 59)),
-              "Mar 9, 2004  1:05:07 PM|3/09/2004 1:05:07 PM"
-              "July 31, 2004  12:00:00 AM|7/31/2004 12:00:00 AM"
-              "Sept 1, 2004  12:00:00 PM|9/01/2004 12:00:00 PM"
-              "Dec 31, 2004  11:59:59 PM|12/31/2004 11:59:59 PM");
-}
-
+// Local times on the twelve-hour clock are shown in DFileTextTest.
 TEST(DFileDates, LocalDatesGoThroughTheZone) {
     TempTree restoresZone;
     UseZone("IST-5:30");

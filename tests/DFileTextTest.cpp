@@ -71,6 +71,12 @@ TEST(DFileText, LineHoldsSixFieldsInLocalTime) {
     file.SetFileSize(0, 1);
     EXPECT_EQ(Line(file), "C:\\a|b\\f.txt|4294967296|R-A------|3/09/2004 1:05:07 PM|"
                           "9/01/2004 12:30:00 PM|7/31/2004 12:00:00 AM");
+    FILETIME const late = Utc(2005, 1, 1, 4, 59, 59); // the long form, and the last hour
+    EXPECT_EQ(Shown(file.FormatDate(created)) + "|" + Shown(file.FormatDate(accessed)) + "|" +
+                  Shown(file.FormatDate(written)) + "|" + Shown(file.FormatDate(late)) + "|" +
+                  Shown(file.FormatNumericalDate(late)),
+              "Mar 9, 2004  1:05:07 PM|July 31, 2004  12:00:00 AM|Sept 1, 2004  12:30:00 PM|"
+              "Dec 31, 2004  11:59:59 PM|12/31/2004 11:59:59 PM");
 
     DName text("old");
     DFile().ToString(text, ';');
