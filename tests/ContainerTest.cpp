@@ -19,7 +19,8 @@ std::vector<std::string> Paths(Container<DFile> const& list) {
 
 } // namespace
 
-// Random operations against a plain vector of the same paths.
+// Random operations against a plain vector of the same paths. The small list of values, Link, is
+// copied in ValueObjectsTest and marks the terms found in every content search.
 TEST(Container, AgreesWithAPlainSequence) {
     std::mt19937 random(99);
     for (int round = 0; round < 300; ++round) {
@@ -74,44 +75,4 @@ TEST(Container, AgreesWithAPlainSequence) {
     target.InsertRight(Record("old"));
     EXPECT_FALSE(target = empty);
     EXPECT_EQ(target.head, nullptr);
-}
-
-TEST(Container, ForeignElementsAndHandMadeChains) {
-    Container<DFile> one, two;
-    for (char const* path : {"a", "b", "c"})
-        one.InsertRight(Record(path));
-    two.InsertRight(*one.head); // its link points into `one`
-    two.InsertRight(Record("z"));
-    EXPECT_EQ(Paths(two), (std::vector<std::string>{"a", "z"}));
-    EXPECT_EQ(Paths(one), (std::vector<std::string>{"a", "b", "c"}));
-
-    DFile* previous = nullptr; // reverse the chain by hand
-    for (DFile* file = one.head; file;) {
-        DFile* following = file->next;
-        file->next = previous;
-        previous = file;
-        file = following;
-    }
-    one.head = previous;
-    one.Relinked();
-    one.InsertRight(Record("d"));
-    EXPECT_EQ(Paths(one), (std::vector<std::string>{"c", "b", "a", "d"}));
-    EXPECT_STREQ(&one[3], "d");
-}
-
-TEST(Link, AppendReplaceAndCopy) {
-    Link<bool> flags;
-    EXPECT_EQ(flags(0), nullptr);
-    EXPECT_FALSE(flags.DelLeft());
-    for (int i = 0; i < 3; ++i)
-        flags.InsertRight(false);
-    EXPECT_TRUE(flags.ReplacePos(2, true) && flags.ReplacePos(0, true));
-    EXPECT_FALSE(flags.ReplacePos(3, true));
-    EXPECT_TRUE(*flags(0) && !*flags(1) && *flags(2));
-    EXPECT_EQ(flags(3), nullptr);
-    Link<bool> copy(flags);
-    EXPECT_TRUE(flags.DelLeft());
-    flags.InsertRight(false);
-    EXPECT_TRUE(copy.count == 3 && *copy(0));
-    EXPECT_FALSE(*flags(0) || *flags(2));
 }

@@ -1,6 +1,4 @@
-#include "support/TempTree.h"
-
-#include <tessik/tessik.h>
+#include "support/Records.h"
 
 #include <gtest/gtest.h>
 
@@ -62,17 +60,13 @@ protected:
     bool Search(ContentCase const& c, char const* name = "file") {
         tree.MakeFile("file", c.content);
         load.searchTerms.Destroy();
-        for (auto const& term : c.terms) {
-            DName text;
-            text.Namen(term.data(), static_cast<unsigned int>(term.size()));
-            load.searchTerms.InsertRight(text);
-        }
+        for (auto const& term : c.terms)
+            load.searchTerms.InsertRight(Raw(term));
         DirectoryListingSpec spec("*.*");
         spec.containingMode = c.mode;
         spec.invertContaining = c.invert;
         spec.readBlockSize = c.readBlockSize;
-        return load.IsFileSpec(
-            spec, DFile(DName(tree.WinPath(name).c_str()), 0x20, 0, nullptr, nullptr, nullptr));
+        return load.IsFileSpec(spec, Record(tree.WinPath(name).c_str()));
     }
 
     TempTree tree;

@@ -25,13 +25,10 @@ std::string Plain(DirectoryListingSpec const& spec) {
 TEST(DirectoryListingSpec, CopiesTakeEveryFieldButTheStreamByte) {
     DirectoryListingSpec source(DName("*.txt"), DName("C:\\data"), 0x20, 100, 1, 2);
     source.textToFind = "needle";
-    source.readBlockSize = 99;
-    source.writtenTest = 3, source.createdTest = 4, source.accessedTest = 5;
-    source.invertContaining = true;
-    source.containingMode = 9;
-    source.sizeUpper = 200;
+    source.readBlockSize = 99, source.writtenTest = 3, source.createdTest = 4;
+    source.accessedTest = 5, source.invertContaining = true, source.containingMode = 9;
+    source.sizeUpper = 200, source.streamByte = 1;
     source.dateCreated = Ft(11), source.dateLastAccessed = Ft(12), source.dateWritten = Ft(13);
-    source.streamByte = 1;
     DirectoryListingSpec copy(source);
     EXPECT_EQ(Plain(copy), Plain(source));
     EXPECT_EQ(copy.streamByte, 0);
@@ -52,9 +49,9 @@ TEST(DirectoryListingSpec, CopiesTakeEveryFieldButTheStreamByte) {
 }
 
 TEST(DirectoryListingSpec, WhatCountsAsEmpty) {
-    EXPECT_TRUE(DirectoryListingSpec(static_cast<char const*>(nullptr)).isEmpty());
-    EXPECT_TRUE(DirectoryListingSpec("").isEmpty());
-    EXPECT_TRUE(DirectoryListingSpec(DName(), DName()).isEmpty());
+    EXPECT_TRUE(DirectoryListingSpec(static_cast<char const*>(nullptr)).isEmpty() &&
+                DirectoryListingSpec("").isEmpty() &&
+                DirectoryListingSpec(DName(), DName()).isEmpty());
     DirectoryListingSpec const bare("C:\\dir\\*.txt"); // one whole pattern, never split
     ASSERT_EQ(bare.namePatterns.count, 1u);
     EXPECT_STREQ(&bare.namePatterns[0], "C:\\dir\\*.txt");
@@ -62,17 +59,12 @@ TEST(DirectoryListingSpec, WhatCountsAsEmpty) {
     EXPECT_FALSE(DirectoryListingSpec(DName(), DName(), 0, 0, created, none, none).isEmpty());
 
     DirectoryListingSpec spec(7);
-    EXPECT_EQ(spec.attributes, 0u);
-    EXPECT_TRUE(!spec);
+    EXPECT_TRUE(spec.attributes == 0 && !spec);
     spec = 7;
-    EXPECT_EQ(spec.attributes, 7u);
-    EXPECT_FALSE(spec.isEmpty());
+    EXPECT_TRUE(spec.attributes == 7 && !spec.isEmpty());
     spec = 0;
-    EXPECT_TRUE(spec.isEmpty());
-    spec.sizeTest = 1; // selects files of length 0, yet sets nothing a caller names
-    spec.sizeUpper = 10;
-    spec.readBlockSize = 5;
-    spec.containingMode = 1;
+    // A size test selects files of length 0, yet sets nothing a caller names.
+    spec.sizeTest = 1, spec.sizeUpper = 10, spec.readBlockSize = 5, spec.containingMode = 1;
     EXPECT_TRUE(spec.isEmpty());
     spec.textToFind = "x";
     EXPECT_FALSE(spec.isEmpty());

@@ -96,9 +96,9 @@ TEST(SearchFeedback, PaintsTheShareOfEntriesOnTheBar) {
     // A new value at the 1st, 11th (750 ms on), 12th and 13th entries; the old one painted out
     // up to 55%, inclusive.
     Paints expected(10, {"05% ", text});
-    for (auto const& paint :
-         Paints{{"05% ", back}, {"55% ", text}, {"55% ", back}, {"60% ", text}, {"65% ", text}})
-        expected.push_back(paint);
+    expected.insert(
+        expected.end(),
+        {{"05% ", back}, {"55% ", text}, {"55% ", back}, {"60% ", text}, {"65% ", text}});
     EXPECT_EQ(Painted(bar), expected);
 
     HeadlessText first;
@@ -112,9 +112,8 @@ TEST(SearchFeedback, PaintsTheShareOfEntriesOnTheBar) {
               std::vector<long>(
                   {0x42025, TRANSPARENT, 200, 18, 12, 10, 0, 0, 0, 0, 0, 0, 0, 6, 2, 0, 0x20, 0}));
     // Given back: the font freed, the context released; the bar back at 0.
-    HeadlessFont freed;
     unsigned out = 1;
-    EXPECT_FALSE(HeadlessFontOf(first.fontHandle, &freed));
+    EXPECT_FALSE(HeadlessFontOf(first.fontHandle, &first.font));
     EXPECT_TRUE(HeadlessDCsOut(bar, &out) && out == 0 && watch.bar.Position() == 0);
 
     // The tick counter wraps: 0xFFFFFF00 to 0x1EE is 750 ms.
@@ -161,10 +160,7 @@ TEST(SearchFeedback, ShowsTheShareOfMatchesAndTheDirectory) {
     EXPECT_EQ(shown[0], (std::vector<std::string>{"0.00%", "100.00%", "100.00%", "66.67%"}));
     EXPECT_EQ(Shown(watch.percent.Text()), "66.67%");
     EXPECT_EQ(shown[1], (std::vector<std::string>{tree.WinPath("t1"), tree.WinPath("t2")}));
-    EXPECT_EQ(Shown(watch.status.Text()), " ");
-    DFileLoad bare; // without controls, the same records and tallies
-    ASSERT_TRUE(bare.LoadAllDirListings(spec, false));
-    EXPECT_TRUE(bare.files.count == 2 && bare.totalSearched == 4 && bare.totalMatches == 2);
+    EXPECT_TRUE(Shown(watch.status.Text()) == " " && load.files.count == 2);
 }
 
 TEST(SearchFeedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
@@ -226,9 +222,8 @@ TEST(SearchFeedback, DropsABarWithoutDeviceContext) {
     DFileLoad load;
     watch.Attach(load);
     ASSERT_TRUE(load.LoadDirListing(In(tree, "t")));
-    EXPECT_EQ(load.progressBar, nullptr);
-    EXPECT_EQ(watch.bar.Position(), 7u); // nor reset at the end
-    EXPECT_EQ(TextCount(watch.barWindow), 0u);
+    // Nor reset at the end.
+    EXPECT_TRUE(!load.progressBar && watch.bar.Position() == 7 && TextCount(watch.barWindow) == 0);
     EXPECT_EQ(Shown(watch.percent.Text()) + Shown(watch.status.Text()), "100.00% ");
     EXPECT_EQ(watch.list.RowCount(), 3u);
     ASSERT_TRUE(HeadlessFailGetDC(watch.barWindow, false));
@@ -250,7 +245,7 @@ TEST(SearchFeedback, StopsWhenAsked) {
                             [&](DStatusWnd& c) { statuses.push_back(Shown(c.Text())); });
     DFileLoad load;
     watch.Attach(load);
-    load.SetAbort(); // no run
+    load.SetAbort(); // no run: nothing to stop
     EXPECT_TRUE(!load.abortRequested && statuses.empty());
 
     // From the status window's redraw at the second directory: the run stops there, with its
@@ -278,9 +273,9 @@ TEST(SearchFeedback, StopsWhenAsked) {
         }
         EXPECT_EQ(watch.list.RowCount(), 0u);
         ASSERT_GE(statuses.size(), 2u);
-        EXPECT_EQ(statuses[statuses.size() - 2], "Please wait while cleaning up for abort...");
-        EXPECT_EQ(statuses.back(), "Stopped processing folders.");
-        EXPECT_EQ(Shown(watch.status.Text()), "Stopped processing folders.");
+        EXPECT_EQ(statuses[statuses.size() - 2] + statuses.back() + Shown(watch.status.Text()),
+                  "Please wait while cleaning up for abort...Stopped processing folders."
+                  "Stopped processing folders.");
     }
 
     // While rows are drawn, at the last entry: they stop after the row, the run ends well.

@@ -11,12 +11,6 @@
 
 namespace {
 
-// 1000 at the first call, 12345 ms later at every other.
-int tickCalls = 0;
-DWORD TwoTimes() {
-    return tickCalls++ == 0 ? 1000 : 13345;
-}
-
 struct ClockReset {
     ~ClockReset() { SetTickSource(nullptr); }
 };
@@ -94,7 +88,8 @@ TEST(SearchStatistics, MillisecondsOfAnEmptyQueueStay) {
     TempTree tree;
     tree.MakeDir("d");
     ClockReset const reset;
-    SetTickSource(TwoTimes);
+    static int calls = 0; // 1000 at the first reading, 12345 ms later at every other
+    SetTickSource([]() -> DWORD { return calls++ == 0 ? 1000 : 13345; });
     DFileLoad load;
     ASSERT_TRUE(load.LoadDirListing(In(tree, "d")));
     EXPECT_EQ(load.GetTotalSearchMilliseconds(), 12345u);

@@ -13,21 +13,14 @@
 
 namespace {
 
-int RemoveEntry(char const* path, struct stat const*, int, struct FTW*) {
-    chmod(path, 0700);
-    return remove(path);
+// An unreadable directory left by a test must still be removable: each is opened up on the
+// way down, then everything is removed on the way up.
+int OpenUp(char const* path, struct stat const* st, int, struct FTW*) {
+    return S_ISDIR(st->st_mode) ? (chmod(path, 0700), 0) : 0;
 }
 
-void MakeWritable(std::string const& root) {
-    // An unreadable directory left by a test must still be removable.
-    nftw(
-        root.c_str(),
-        [](char const* path, struct stat const* st, int, struct FTW*) {
-            if (S_ISDIR(st->st_mode))
-                chmod(path, 0700);
-            return 0;
-        },
-        16, FTW_PHYS);
+int RemoveEntry(char const* path, struct stat const*, int, struct FTW*) {
+    return remove(path);
 }
 
 } // namespace
@@ -56,7 +49,7 @@ TempTree::~TempTree() {
     if (!startDir.empty() && chdir(startDir.c_str()) != 0)
         ADD_FAILURE() << "cannot return to " << startDir;
     if (!root.empty()) {
-        MakeWritable(root);
+        nftw(root.c_str(), OpenUp, 16, FTW_PHYS);
         nftw(root.c_str(), RemoveEntry, 16, FTW_DEPTH | FTW_PHYS);
     }
     if (hadTz)
@@ -112,10 +105,8 @@ void TempTree::MakeSocket(std::string const& relative) const {
 }
 
 void TempTree::MakeSparseFile(std::string const& relative, std::uint64_t size) const {
-    int fd = open(Path(relative).c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    ASSERT_GE(fd, 0) << relative;
-    ASSERT_EQ(ftruncate(fd, static_cast<off_t>(size)), 0);
-    close(fd);
+    MakeFile(relative);
+    ASSERT_EQ(truncate(Path(relative).c_str(), static_cast<off_t>(size)), 0) << relative;
 }
 
 void TempTree::SetTimes(std::string const& relative, std::int64_t seconds) const {
