@@ -52,6 +52,13 @@ inline std::string FreshPath(TempTree const& tree) {
     return tree.Path("stream" + std::to_string(++made));
 }
 
+// A new file holding `bytes`; its path.
+inline std::string PutFileBytes(TempTree const& tree, std::string const& bytes) {
+    std::string const path = FreshPath(tree);
+    std::ofstream(path, std::ios::binary) << bytes;
+    return path;
+}
+
 // Calls test(path, cut) with the file at `path` holding the first `cut` bytes, for every cut
 // shorter than `bytes`. The file grows by appending: no file is made or truncated per cut.
 template <class Test> void ForEachCut(TempTree const& tree, std::string const& bytes, Test test) {
