@@ -121,8 +121,9 @@ TEST(FileOper, OpensOnlyRegularFiles) {
     EXPECT_FALSE(FileOper(tree.Path("missing").c_str(), false).isOpen());
     EXPECT_FALSE(FileOper("/dev/null", false).isOpen());
     struct stat info;
-    if (stat("/proc/self/status", &info) == 0)
+    if (stat("/proc/self/status", &info) == 0) {
         EXPECT_FALSE(FileOper("/proc/self/status", false).isOpen());
+    }
 }
 
 TEST(FileOper, ReachesPastFourGiB) {
