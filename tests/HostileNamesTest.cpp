@@ -102,22 +102,6 @@ void RemoveBelow(int dir) {
 
 } // namespace
 
-TEST(HostileNames, NamesThatLookLikePathsStayOneComponent) {
-    TempTree tree;
-    for (char const* dir :
-         {"t", "t/\\", "t/\\\\", "t/a", "t/..\\secret", "t/a\\.", "t/.\\", "secret"})
-        tree.MakeDir(dir);
-    for (char const* file :
-         {"t/a\\b", "t/c\\d", "t/..\\secret/password", "t/\\\\/x", "secret/password"})
-        tree.MakeFile(file, "outer");
-    tree.MakeFile("t/a/b", "inner");
-    tree.MakeFile("t/a\\..", "");
-    Search const all = SearchTree(tree.WinPath("t"));
-    EXPECT_TRUE(all.result);
-    EXPECT_EQ(all.found, Walk(tree.Path("t")));
-    EXPECT_EQ(SearchTree(tree.WinPath("t"), "outer").found, Walk(tree.Path("t"), "outer"));
-}
-
 TEST(HostileNames, TreesOfRandomNamesListAsAPlainWalkDoes) {
     std::mt19937 random(11);
     auto pick = [&](unsigned n) { return static_cast<unsigned>(random() % n); };
@@ -136,6 +120,14 @@ TEST(HostileNames, TreesOfRandomNamesListAsAPlainWalkDoes) {
         TempTree tree;
         tree.MakeDir("t");
         std::vector<std::string> dirs = {"t"};
+        if (round == 0) { // names that look like paths, and a tree beside t that they could reach
+            for (char const* dir :
+                 {"t/\\", "t/\\\\", "t/a", "t/..\\secret", "t/a\\.", "t/.\\", "secret"})
+                tree.MakeDir(dir);
+            for (char const* file : {"t/a\\b", "t/..\\secret/password", "t/\\\\/x", "t/a/b",
+                                     "t/a\\..", "secret/password"})
+                tree.MakeFile(file, "NEEDLE");
+        }
         for (int i = 0; i < 60; ++i) {
             std::string const path = dirs[pick(static_cast<unsigned>(dirs.size()))] + "/" + name();
             if (fs::exists(fs::symlink_status(tree.Path(path))))
@@ -171,6 +163,7 @@ TEST(HostileNames, TreesOfRandomNamesListAsAPlainWalkDoes) {
             it = listed ? std::next(it) : expected.erase(it);
         }
         Search const all = SearchTree(tree.WinPath("t"));
+        EXPECT_TRUE(all.result);
         EXPECT_EQ(all.found, expected) << round;
         EXPECT_EQ(all.searched, expected.size());
         EXPECT_EQ(all.dirs,
