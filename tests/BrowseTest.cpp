@@ -148,17 +148,16 @@ TEST_F(Dialogs, FolderDialog) {
 TEST(BrowseState, FlagSetters) {
     DFileLoad load;
     using Setter = void (DFileLoad::*)();
-    for (Setter set : {&DFileLoad::SetFlagNoMultiSelection, &DFileLoad::SetFlagNoReadOnly,
-                       &DFileLoad::SetFlagReadOnly, &DFileLoad::SetFlagFileCreation,
-                       &DFileLoad::SetFlagNonExplorerStyle, &DFileLoad::SetDBFNoOnlyDirs,
-                       &DFileLoad::SetDBFIncludeFiles, &DFileLoad::SetDBFEditBox,
-                       &DFileLoad::SetDBFNewDirs, &DFileLoad::SetDBFNoNewDirs,
-                       &DFileLoad::SetDBFNewDialogStyle, &DFileLoad::SetDBFNoNewDialogStyle})
+    using D = DFileLoad;
+    for (Setter set : {&D::SetFlagNoMultiSelection, &D::SetFlagNoReadOnly, &D::SetFlagReadOnly,
+                       &D::SetFlagFileCreation, &D::SetFlagNonExplorerStyle, &D::SetDBFNoOnlyDirs,
+                       &D::SetDBFIncludeFiles, &D::SetDBFEditBox, &D::SetDBFNewDirs,
+                       &D::SetDBFNoNewDirs, &D::SetDBFNewDialogStyle, &D::SetDBFNoNewDialogStyle})
         (load.*set)();
     EXPECT_EQ(load.GetBrowseFlags() + load.browseDirFlags, 0xA28814u + 0x4010);
-    for (Setter set : {&DFileLoad::SetFlagMultiSelection, &DFileLoad::SetFlagNoFileCreation,
-                       &DFileLoad::SetFlagExplorerStyle, &DFileLoad::SetDBFOnlyDirs,
-                       &DFileLoad::SetDBFNoIncludeFiles, &DFileLoad::SetDBFNoEditBox})
+    for (Setter set :
+         {&D::SetFlagMultiSelection, &D::SetFlagNoFileCreation, &D::SetFlagExplorerStyle,
+          &D::SetDBFOnlyDirs, &D::SetDBFNoIncludeFiles, &D::SetDBFNoEditBox})
         (load.*set)();
     EXPECT_EQ(load.GetBrowseFlags() + load.browseDirFlags, 0xAA9A14u + 1);
 }

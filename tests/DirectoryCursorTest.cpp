@@ -28,9 +28,9 @@ TEST(DirectoryCursor, StepsThroughEveryEntryButDots) {
     tree.MakeFile("d/one", "1");
     tree.MakeFile("d/two", "22");
     tree.MakeDir("d/sub");
+    tree.MakeDir("empty");
     DFileLoad load;
     ASSERT_TRUE(load.OpenDirListing(DirectoryListingSpec(), Name(tree.WinPath("d")), 0));
-    EXPECT_TRUE(load.isOpen());
     std::string const home = tree.WinPath("d") + "\\";
     EXPECT_EQ(ReadAll(load), (std::set<std::string>{home + "one", home + "two", home + "sub"}));
     EXPECT_FALSE(++load); // the end stays open
@@ -40,15 +40,23 @@ TEST(DirectoryCursor, StepsThroughEveryEntryButDots) {
     --load;
     EXPECT_FALSE(load.isOpen());
     EXPECT_FALSE(load.NextDirListing());
-}
 
-TEST(DirectoryCursor, EmptyDirectoryGivesFalseWithTheCursorOpen) {
-    TempTree tree;
-    tree.MakeDir("empty");
-    DFileLoad load;
+    // An empty directory gives false with the cursor open; a missing one leaves it closed.
     EXPECT_FALSE(load.OpenDirListing(DirectoryListingSpec(), Name(tree.WinPath("empty")), 0));
     EXPECT_TRUE(load.isOpen());
     EXPECT_FALSE(++load);
+    DName const missing(tree.WinPath("missing").c_str());
+    for (DName const& dir : {missing, DName("Q:\\anything")}) {
+        EXPECT_FALSE(load.OpenDirListing(DirectoryListingSpec(), dir, 0));
+        EXPECT_FALSE(load.isOpen());
+        EXPECT_EQ(load.workPath, dir);
+    }
+    // Without a directory: the current one, with full paths.
+    ASSERT_TRUE(load.ChangeDir(Name(tree.WinPath("d\\sub"))));
+    tree.MakeFile("d/sub/here");
+    ASSERT_TRUE(load.OpenDirListing(DirectoryListingSpec(), DName(0), 0));
+    EXPECT_STREQ(&load.workPath, tree.WinPath("d\\sub").c_str());
+    EXPECT_STREQ(&load.GetFoundFile(), tree.WinPath("d\\sub\\here").c_str());
 }
 
 TEST(DirectoryCursor, ChoosesTheDirectoryFromTheCriteria) {
@@ -62,34 +70,12 @@ TEST(DirectoryCursor, ChoosesTheDirectoryFromTheCriteria) {
     spec.directories.InsertRight(Name(tree.WinPath("B")));
     spec.size = 42;
     DFileLoad load;
-    for (unsigned index : {1u, 5u}) {
+    for (unsigned index : {0u, 1u, 5u}) { // past the end: the last
         ASSERT_TRUE(load.OpenDirListing(spec, DName(0), index));
-        EXPECT_STREQ(&load.GetFoundFile(), (tree.WinPath("B") + "\\b").c_str());
+        EXPECT_STREQ(&load.GetFoundFile(),
+                     (tree.WinPath(index ? "B" : "A") + (index ? "\\b" : "\\a")).c_str());
     }
     EXPECT_EQ(load.spec.size, 42u);
-    ASSERT_TRUE(load.OpenDirListing(spec, DName(0), 0));
-    EXPECT_STREQ(&load.GetFoundFile(), (tree.WinPath("A") + "\\a").c_str());
-}
-
-TEST(DirectoryCursor, WithoutADirectoryOpensTheCurrentOneWithFullPaths) {
-    TempTree tree;
-    tree.MakeFile("here");
-    DFileLoad load;
-    ASSERT_TRUE(load.ChangeDir(Name(tree.WinPath())));
-    ASSERT_TRUE(load.OpenDirListing(DirectoryListingSpec(), DName(0), 0));
-    EXPECT_STREQ(&load.workPath, tree.WinPath().c_str());
-    EXPECT_STREQ(&load.GetFoundFile(), tree.WinPath("here").c_str());
-}
-
-TEST(DirectoryCursor, MissingDirectoryLeavesTheCursorClosed) {
-    TempTree tree;
-    DFileLoad load;
-    DName const missing(tree.WinPath("missing").c_str());
-    EXPECT_FALSE(load.OpenDirListing(DirectoryListingSpec(), missing, 0));
-    EXPECT_FALSE(load.isOpen());
-    EXPECT_EQ(load.workPath, missing);
-    EXPECT_FALSE(load.OpenDirListing(DirectoryListingSpec(), DName("Q:\\anything"), 0));
-    EXPECT_FALSE(load.isOpen());
 }
 
 TEST(DirectoryCursor, CurrentDirectoryServices) {
@@ -117,14 +103,12 @@ TEST(DirectoryCursor, CurrentDirectoryServices) {
     EXPECT_TRUE(load.isDir(Name(tree.WinPath("first"))));
     EXPECT_FALSE(load.isDir(Name(tree.WinPath("file"))));
     EXPECT_FALSE(load.isDir(Name(tree.WinPath("missing"))));
-}
 
-TEST(DirectoryCursor, IsSubDirIsEqualityApartFromDrives) {
-    DFileLoad load;
-    EXPECT_TRUE(load.isSubDir(DName("C:\\a"), DName("\\a")));
-    EXPECT_FALSE(load.isSubDir(DName("C:\\a"), DName("D:\\a")));
-    EXPECT_FALSE(load.isSubDir(DName("C:\\a"), DName("C:\\a\\b")));
-    EXPECT_TRUE(load.isSubDir(DName("C:\\a"), DName("C:\\a")));
+    // isSubDir is equality apart from drives.
+    EXPECT_TRUE(load.isSubDir(DName("C:\\a"), DName("\\a")) &&
+                load.isSubDir(DName("C:\\a"), DName("C:\\a")));
+    EXPECT_FALSE(load.isSubDir(DName("C:\\a"), DName("D:\\a")) ||
+                 load.isSubDir(DName("C:\\a"), DName("C:\\a\\b")));
 }
 
 TEST(Listing, PositionsAndInsertsOfTheObject) {

@@ -37,34 +37,31 @@ TEST(PlatformFind, AttributesOfEveryKindOfEntry) {
     ASSERT_EQ(symlink(tree.Path("dir").c_str(), tree.Path("link").c_str()), 0);
     ASSERT_EQ(mkfifo(tree.Path("fifo").c_str(), 0644), 0);
     tree.MakeFile("caf\xc3\xa9 \xff", "x");
-
     auto entries = Enumerate(tree.WinPath("*.*"));
     ASSERT_EQ(entries.size(), 9u); // with "." and ".."
-    EXPECT_EQ(entries["plain"].dwFileAttributes, 0x20u);
-    EXPECT_EQ(entries["plain"].nFileSizeLow, 3u);
-    EXPECT_EQ(entries[".hidden"].dwFileAttributes, 0x22u);
-    EXPECT_EQ(entries["locked"].dwFileAttributes, 0x21u);
-    EXPECT_EQ(entries["dir"].dwFileAttributes, 0x10u);
-    EXPECT_EQ(entries["link"].dwFileAttributes, 0x400u); // never a directory
-    EXPECT_EQ(entries["fifo"].dwFileAttributes, 0x4u);
-    EXPECT_EQ(entries["fifo"].nFileSizeLow, 0u);
-    EXPECT_EQ(entries["caf\xc3\xa9 \xff"].nFileSizeLow, 1u);
+    std::map<std::string, std::pair<DWORD, DWORD>> const expected = {
+        // attributes, size
+        {"plain", {0x20, 3}},           {".hidden", {0x22, 0}},
+        {"locked", {0x21, 0}},          {"dir", {0x10, 0}},
+        {"link", {0x400, 0}},           {"fifo", {0x4, 0}},
+        {"caf\xc3\xa9 \xff", {0x20, 1}}}; // a link is never a directory
+    for (auto const& [name, attributesAndSize] : expected) {
+        EXPECT_EQ(entries[name].dwFileAttributes, attributesAndSize.first) << name;
+        EXPECT_EQ(entries[name].nFileSizeLow, attributesAndSize.second) << name;
+    }
     EXPECT_EQ(entries["."].dwFileAttributes & 0x12, 0x10u);
     EXPECT_EQ(entries["plain"].cAlternateFileName[0], 0);
     EXPECT_EQ(GetFileAttributesA("Z:\\dev\\null"), 0x4u);
-}
 
-TEST(PlatformFind, PatternsMatchWithoutRegardToCase) {
-    TempTree tree;
+    // Patterns match without regard to case; without wildcards, that one entry.
     tree.MakeFile("Report.TXT");
     tree.MakeFile("notes.txt");
-    tree.MakeFile("image.png");
-    tree.MakeFile("README");
-    EXPECT_EQ(Enumerate(tree.WinPath("*.txt")).size(), 2u);
-    EXPECT_EQ(Enumerate(tree.Path("r*")).size(), 2u); // forward slashes work too
-    EXPECT_EQ(Enumerate(tree.WinPath("?????.png")).size(), 1u);
-    EXPECT_EQ(Enumerate(tree.WinPath("*.zip")).size(), 0u);
-    // Without wildcards: that one entry.
+    for (auto const& [pattern, count] :
+         std::map<std::string, unsigned>{{tree.WinPath("*.txt"), 2},
+                                         {tree.Path("r*"), 1},
+                                         {tree.WinPath("?????.txt"), 1},
+                                         {tree.WinPath("*.zip"), 0}})
+        EXPECT_EQ(Enumerate(pattern).size(), count) << pattern; // forward slashes work too
     auto one = Enumerate(tree.WinPath("notes.txt"));
     ASSERT_EQ(one.size(), 1u);
     EXPECT_EQ(one.begin()->first, "notes.txt");
@@ -85,9 +82,9 @@ TEST(PlatformFind, OnlyDriveZExists) {
           std::string("C:sub\\f"), std::string("f"), std::string()})
         EXPECT_EQ(GetFileAttributesA(path.c_str()), INVALID_FILE_ATTRIBUTES) << path;
     WIN32_FIND_DATAA data;
-    EXPECT_EQ(FindFirstFileA(("C:" + tree.Path("*.*")).c_str(), &data), INVALID_HANDLE_VALUE);
-    EXPECT_EQ(FindFirstFileA("", &data), INVALID_HANDLE_VALUE);
-    EXPECT_EQ(FindFirstFileA(tree.WinPath("missing\\*.*").c_str(), &data), INVALID_HANDLE_VALUE);
+    for (std::string const& pattern :
+         {"C:" + tree.Path("*.*"), std::string(), tree.WinPath("missing\\*.*")})
+        EXPECT_EQ(FindFirstFileA(pattern.c_str(), &data), INVALID_HANDLE_VALUE) << pattern;
     EXPECT_FALSE(FindNextFileA(nullptr, &data));
     EXPECT_FALSE(FindClose(INVALID_HANDLE_VALUE));
     EXPECT_FALSE(SetCurrentDirectoryA("C:\\"));
@@ -104,7 +101,6 @@ TEST(PlatformFind, CurrentDirectoryAsAWindowsPath) {
     std::string buffer(needed, 'x');
     EXPECT_EQ(GetCurrentDirectoryA(needed, buffer.data()), needed - 1);
     EXPECT_STREQ(buffer.c_str(), expected.c_str());
-
     ASSERT_TRUE(SetCurrentDirectoryA("Z:\\"));
     char root[8];
     EXPECT_EQ(GetCurrentDirectoryA(sizeof root, root), 3u);

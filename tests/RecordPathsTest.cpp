@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <tuple>
 
 namespace {
 
@@ -17,23 +18,16 @@ DFile Record(std::string const& path) {
 } // namespace
 
 TEST(RecordPaths, WildCardMatchesTheWholePathWithoutBacktracking) {
-    struct Case {
-        char const* pattern;
-        char const* path;
-        bool matches;
-        // clang-format off
-    } const cases[] = {
+    // clang-format off
+    std::tuple<char const*, char const*, bool> const cases[] = {
         {"*", "Z:\\any\\path.txt", true}, {"*", "", false}, {"", "a", false}, {"a*", "a", false},
         {"a*c", "abxc", true}, {"a*bc", "abxbc", false}, {"*?", "ab?", true}, {"*?", "a?b", false},
         {"**", "ab*", true}, {"**", "a*b", false}, {"A?", "ab", false}, {"a?", "ab", true},
         {"?", "ab", false}, {"ab", "a", false}, {"Z:\\*.txt", "Z:\\d\\n.txt", true},
         {"*.txt", "n.txt.bak", false}, {"a*", "ab", true}, {"*b", "abab", false},
-    };
-    // clang-format on
-    for (Case const& c : cases) {
-        DFile file = Record(c.path);
-        EXPECT_EQ(file.IsWildCard(DName(c.pattern)), c.matches) << c.pattern << " " << c.path;
-    }
+    }; // clang-format on
+    for (auto const& [pattern, path, matches] : cases)
+        EXPECT_EQ(Record(path).IsWildCard(DName(pattern)), matches) << pattern << " " << path;
 }
 
 TEST(RecordPaths, ParentShortAndLongForms) {
@@ -41,28 +35,27 @@ TEST(RecordPaths, ParentShortAndLongForms) {
     tree.MakeDir("d");
     tree.MakeFile("d/f.txt");
     std::string const dir = tree.WinPath("d"), file = tree.WinPath("d\\f.txt");
-    struct Case {
-        std::string record, argument, parent;
-    } const cases[] = {
-        {file, "", dir},                                    // a file loses its name
-        {"", file, dir},                                    // the argument goes first
-        {dir, "", dir},                                     // a directory stays whole
-        {dir + "\\", "", dir + "\\"},                       // with its separator
-        {tree.WinPath("d\\no"), "", tree.WinPath("d\\no")}, // a missing path too
+    std::string const missing = tree.WinPath("d\\no");
+    std::string const cases[][3] = {
+        // record, argument, parent
+        {file, "", dir},                // a file loses its name
+        {"", file, dir},                // the argument goes first
+        {file, dir + "\\", dir + "\\"}, // even before a record of its own
+        {dir, "", dir},                 // a directory stays whole
+        {dir + "\\", "", dir + "\\"},   // with its separator
+        {missing, "", missing},         // a missing path too
         {"", "", ""},
     };
-    for (Case const& c : cases) {
-        DFile const record = Record(c.record);
-        EXPECT_EQ(&record.GetParentPath(DName(c.argument.c_str())), c.parent) << c.record;
-    }
+    for (auto const& c : cases)
+        EXPECT_EQ(&Record(c[0]).GetParentPath(DName(c[1].c_str())), c[2]) << c[0];
 
     // No 8.3 names on this volume: both forms give the path as it stands, existing or not.
-    for (std::string const& path : {file, dir, tree.WinPath("d\\missing.txt"), std::string()}) {
+    for (std::string const& path : {file, dir, missing, std::string()}) {
         DFile const record = Record(path);
-        EXPECT_EQ(&record.GetOldStyle(), path);
-        EXPECT_EQ(&record.GetNewStyle(), path);
         std::string const last = path.substr(path.find_last_of('\\') + 1);
-        EXPECT_EQ(&record.GetOldFullPath(), last);
-        EXPECT_EQ(&record.GetNewFullPath(), last);
+        EXPECT_EQ(&record.GetOldStyle() + std::string("|") + &record.GetNewStyle(),
+                  path + "|" + path);
+        EXPECT_EQ(&record.GetOldFullPath() + std::string("|") + &record.GetNewFullPath(),
+                  last + "|" + last);
     }
 }

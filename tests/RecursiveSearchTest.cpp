@@ -1,3 +1,6 @@
+// The search over whole trees. Which entries a search lists is compared with a plain walk in
+// HostileNamesTest, as is a deep tree; here: the order, the tallies, the pruning of start
+// directories, the terms.
 #include "support/TempTree.h"
 
 #include <tessik/tessik.h>
@@ -27,6 +30,14 @@ DirectoryListingSpec In(TempTree const& tree, std::string const& dir, char const
     return DirectoryListingSpec(DName(pattern), DName(tree.WinPath(dir).c_str()));
 }
 
+// A search of the given start directories.
+DirectoryListingSpec From(std::vector<std::string> const& dirs) {
+    DirectoryListingSpec spec("*.*");
+    for (auto const& dir : dirs)
+        spec.directories.InsertRight(DName(dir.c_str()));
+    return spec;
+}
+
 } // namespace
 
 TEST(RecursiveSearch, BreadthFirstAcrossTrees) {
@@ -34,15 +45,12 @@ TEST(RecursiveSearch, BreadthFirstAcrossTrees) {
     for (char const* dir : {"a", "a/deep", "a/deep/deeper", "b", "b/inner"})
         tree.MakeDir(dir);
     tree.MakeFile("a/deep/deeper/last");
-    DirectoryListingSpec spec("*.*");
-    spec.directories.InsertRight(DName(tree.WinPath("a").c_str()));
-    spec.directories.InsertRight(DName(tree.WinPath("b").c_str()));
     DFileLoad load;
-    ASSERT_TRUE(load.LoadAllDirListings(spec, true));
-    std::vector<std::string> const expected = {tree.WinPath("a\\deep"), tree.WinPath("b\\inner"),
-                                               tree.WinPath("a\\deep\\deeper"),
-                                               tree.WinPath("a\\deep\\deeper\\last")};
-    EXPECT_EQ(Paths(load), expected);
+    ASSERT_TRUE(load.LoadAllDirListings(From({tree.WinPath("a"), tree.WinPath("b")}), true));
+    EXPECT_EQ(Paths(load),
+              (std::vector<std::string>{tree.WinPath("a\\deep"), tree.WinPath("b\\inner"),
+                                        tree.WinPath("a\\deep\\deeper"),
+                                        tree.WinPath("a\\deep\\deeper\\last")}));
     // The cursor stays open on the last directory, which is still the current one.
     EXPECT_TRUE(load.isOpen());
     EXPECT_STREQ(&load.GetDir(), tree.WinPath("a\\deep\\deeper").c_str());
@@ -51,23 +59,23 @@ TEST(RecursiveSearch, BreadthFirstAcrossTrees) {
 TEST(RecursiveSearch, OneDirectoryAndItsTallies) {
     TempTree tree;
     tree.MakeDir("d");
-    tree.MakeFile("d/one", "1");
+    tree.MakeFile("d/one.txt", "1");
     tree.MakeFile("d/two", "22");
     for (char const* sub : {"d/s1", "d/s2", "d/s3"})
         tree.MakeDir(sub);
     tree.MakeFile("d/s1/below");
     DFileLoad load;
-    DirectoryListingSpec const spec = In(tree, "d");
-    ASSERT_TRUE(load.LoadDirListing(spec));
-    EXPECT_EQ(load.Size(), 5u);
-    EXPECT_EQ(load.totalSearched, 5u);
-    EXPECT_EQ(load.totalMatches, 5u);
-    EXPECT_EQ(load.totalSearchDirs, 4u);
-    EXPECT_EQ(load.totalMatchesSize, 3u);
-    ASSERT_TRUE(load.LoadDirListing(spec));
-    EXPECT_EQ(load.Size(), 10u);
-    EXPECT_EQ(load.totalMatches, 5u);
-
+    DirectoryListingSpec spec = In(tree, "d", "*.txt");
+    spec.namePatterns.InsertRight(DName("*.*")); // one pattern that lets all through: only it
+    for (unsigned size : {5u, 10u}) {            // a second search appends
+        ASSERT_TRUE(load.LoadDirListing(spec));
+        EXPECT_EQ(load.Size(), size);
+        EXPECT_EQ(load.totalMatches, 5u);
+        EXPECT_EQ(load.totalMatchesSize, 3u);
+        EXPECT_EQ(load.totalSearchDirs, 4u); // the start and each subdirectory, not entered
+    }
+    EXPECT_STREQ(&load.spec.namePatterns[0], "*.*");
+    EXPECT_EQ(load.spec.namePatterns.count, 1u);
     EXPECT_EQ(load.GetTotalDirListings(spec, true), 6u);
     EXPECT_EQ(load.Size(), 10u);
     EXPECT_FALSE(load.countOnly);
@@ -84,18 +92,16 @@ TEST(RecursiveSearch, OneDirectoryAndItsTallies) {
 
 TEST(RecursiveSearch, OverlappingAndRepeatedDirectories) {
     TempTree tree;
-    for (char const* dir : {"data", "data/old", "database"})
+    for (char const* dir : {"data", "data/old", "database", "bA", "aA", "Aa", "baA"})
         tree.MakeDir(dir);
     tree.MakeFile("data/in-data");
     tree.MakeFile("data/old/in-old");
     tree.MakeFile("database/in-database");
-
+    tree.MakeFile("aA/kept");
+    tree.MakeFile("baA/dropped");
     auto run = [&](std::vector<std::string> const& dirs) {
-        DirectoryListingSpec spec("*.*");
-        for (auto const& dir : dirs)
-            spec.directories.InsertRight(DName(dir.c_str()));
         DFileLoad load;
-        EXPECT_TRUE(load.LoadAllDirListings(spec, false));
+        EXPECT_TRUE(load.LoadAllDirListings(From(dirs), false));
         return PathSet(load);
     };
     std::string const data = tree.WinPath("data");
@@ -108,10 +114,6 @@ TEST(RecursiveSearch, OverlappingAndRepeatedDirectories) {
 
     // Which names survive depends on the order of removals: here one that begins with a
     // shorter name is passed over and stays.
-    for (char const* dir : {"bA", "aA", "Aa", "baA"})
-        tree.MakeDir(dir);
-    tree.MakeFile("aA/kept");
-    tree.MakeFile("baA/dropped");
     auto const survivors = run({tree.WinPath("bA"), tree.WinPath("aA"), tree.WinPath("Aa"),
                                 tree.WinPath("baA"), tree.WinPath()});
     EXPECT_EQ(survivors.count(tree.WinPath("aA\\kept")), 1u);
@@ -120,26 +122,10 @@ TEST(RecursiveSearch, OverlappingAndRepeatedDirectories) {
 
     DFileLoad load;
     load.totalSearchMilliseconds = 1234;
-    DirectoryListingSpec onlyEmpty("*.*");
-    onlyEmpty.directories.InsertRight(DName(""));
-    EXPECT_TRUE(load.LoadAllDirListings(onlyEmpty, true));
+    EXPECT_TRUE(load.LoadAllDirListings(From({""}), true));
     EXPECT_EQ(load.Size(), 0u);
     EXPECT_EQ(load.totalSearchMilliseconds, 1234u);
     EXPECT_EQ(load.totalSearchDirs, 1u);
-}
-
-TEST(RecursiveSearch, PatternsCollapseToAll) {
-    TempTree tree;
-    tree.MakeFile("a.txt");
-    tree.MakeFile("b.bin");
-    DirectoryListingSpec spec("*.txt");
-    spec.namePatterns.InsertRight(DName("*.*"));
-    spec.directories.InsertRight(DName(tree.WinPath().c_str()));
-    DFileLoad load;
-    ASSERT_TRUE(load.LoadDirListing(spec));
-    EXPECT_EQ(load.Size(), 2u);
-    ASSERT_EQ(load.spec.namePatterns.count, 1u);
-    EXPECT_STREQ(&load.spec.namePatterns[0], "*.*");
 }
 
 TEST(RecursiveSearch, TextIsSplitIntoTerms) {
@@ -148,33 +134,33 @@ TEST(RecursiveSearch, TextIsSplitIntoTerms) {
     tree.MakeFile("split", "xx b xx c");
     tree.MakeFile("first", "a");
     tree.MakeFile("empty", "");
-    auto run = [&](char const* text, BYTE mode) {
+    struct Case {
+        char const* text;
+        BYTE mode, modeAfter;
+        std::set<std::string> names;
+    } const cases[] = {
+        {"a \"b c\" d", 2, 2, {"phrase", "first"}},
+        {"a \"b c\" d", 4, 4, {}},
+        {"\"b c\" xx", 4, 4, {"phrase"}},
+        {"q \"c", 2, 2, {"phrase", "split"}},              // the open quote is closed
+        {"\"\"", 2, 1, {"phrase", "split", "first"}},      // one empty term
+        {"", 4, 0, {"phrase", "split", "first", "empty"}}, // no text
+        {"  c  ", 12, 9, {"phrase", "split"}}, // one word: searched as that word, case ignored
+        {"b c", 1, 1, {"phrase"}},             // the whole text, blanks and all
+    };
+    for (Case const& c : cases) {
         DirectoryListingSpec spec = In(tree, "");
-        spec.textToFind = text;
-        spec.containingMode = mode;
+        spec.textToFind = c.text;
+        spec.containingMode = c.mode;
         DFileLoad load;
         EXPECT_TRUE(load.LoadDirListing(spec));
         EXPECT_EQ(load.searchTerms.count, 0u); // emptied at the end
         std::set<std::string> names;
         for (DFile const* file = load.files.head; file; file = file->next)
             names.insert(&file->GetFileName());
-        return std::make_pair(names, load.spec.containingMode);
-    };
-    using Names = std::set<std::string>;
-    EXPECT_EQ(run("a \"b c\" d", 2).first, (Names{"phrase", "first"}));
-    EXPECT_EQ(run("a \"b c\" d", 4).first, Names{});
-    EXPECT_EQ(run("\"b c\" xx", 4).first, Names{"phrase"});
-    EXPECT_EQ(run("q \"c", 2).first, (Names{"phrase", "split"})); // the open quote is closed
-    auto const emptyTerm = run("\"\"", 2);                        // one empty term
-    EXPECT_EQ(emptyTerm.first, (Names{"phrase", "split", "first"}));
-    EXPECT_EQ(emptyTerm.second, 1);
-    auto const noText = run("", 4);
-    EXPECT_EQ(noText.first.size(), 4u);
-    EXPECT_EQ(noText.second, 0);
-    auto const oneWord = run("  c  ", 12); // one word: searched as that word, case ignored
-    EXPECT_EQ(oneWord.first, (Names{"phrase", "split"}));
-    EXPECT_EQ(oneWord.second, 9);
-    EXPECT_EQ(run("b c", 1).first, Names{"phrase"}); // the whole text, blanks and all
+        EXPECT_EQ(names, c.names) << c.text << int(c.mode);
+        EXPECT_EQ(load.spec.containingMode, c.modeAfter) << c.text << int(c.mode);
+    }
 }
 
 TEST(RecursiveSearch, SpecialEntriesAndUnreadableDirectories) {
@@ -211,23 +197,6 @@ TEST(RecursiveSearch, SizesOver4GiB) {
     EXPECT_EQ(load.totalSearchedSize, (1ull << 32) + 13);
     EXPECT_EQ(load.totalMatchesSize, (1ull << 32) + 10);
     EXPECT_EQ(load[0].GetFileSize64(), (1ull << 32) + 10);
-}
-
-TEST(RecursiveSearch, DeepTreeAndEmptyDirectories) {
-    TempTree tree;
-    std::string path = "t";
-    tree.MakeDir(path);
-    for (int level = 0; level < 1000; ++level) {
-        path += "/d";
-        tree.MakeDir(path);
-    }
-    DFileLoad load;
-    ASSERT_TRUE(load.LoadAllDirListings(In(tree, "t"), true));
-    EXPECT_EQ(load.Size(), 1000u);
-    EXPECT_TRUE(load.isDirEmpty(DirectoryListingSpec("*.*"), DName(tree.WinPath(path).c_str())));
-    EXPECT_TRUE(load.isDirEmpty(DirectoryListingSpec("*.*"), DName(tree.WinPath("none").c_str())));
-    EXPECT_FALSE(load.isDirEmpty(DirectoryListingSpec("*.*"), DName(tree.WinPath("t").c_str())));
-    EXPECT_TRUE(load.isDirEmpty(DirectoryListingSpec("*.zip"), DName(tree.WinPath("t").c_str())));
 }
 
 TEST(RecursiveSearch, PatternsAndTextsOfEveryByte) {
