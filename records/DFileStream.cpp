@@ -12,6 +12,26 @@ namespace {
 
 using namespace stream_fields;
 
+// What IncWord XORs into a word: four characters of the key from `position` on, the position
+// returning to 0 at the key's end before each one (a character past the end of an empty key
+// is 0). The shift starts at 1 and is multiplied by 8 in 8 bits after each character; only its
+// low five bits count, so the four characters are shifted by 1, 8, 0 and 0. Characters add up,
+// and 128 and 129 are negative.
+DWORD KeyMask(char const* key, unsigned int size, unsigned int& position) {
+    DWORD sum = 0;
+    unsigned char shift = 1;
+    for (int i = 0; i < 4; ++i) {
+        if (position >= size)
+            position = 0;
+        char const c = position < size ? key[position] : 0;
+        sum += static_cast<DWORD>(static_cast<std::int32_t>(static_cast<signed char>(c)))
+               << (shift & 31);
+        ++position;
+        shift = static_cast<unsigned char>(shift * 8);
+    }
+    return sum;
+}
+
 // Scrambles the path, then the nine words in the record's field order, with the record's key
 // from position 0 on. Its own inverse.
 void Scramble(DFile& file) {
@@ -28,8 +48,10 @@ void Scramble(DFile& file) {
         &file.dateWritten.dwLowDateTime,
         &file.dateWritten.dwHighDateTime,
     };
+    char const* const key = &file.hashKey;
+    unsigned int const size = file.hashKey.Size();
     for (DWORD* word : words)
-        file.IncWord(*word, file.hashKey, position);
+        *word ^= KeyMask(key, size, position);
 }
 
 } // namespace
@@ -97,20 +119,7 @@ bool DFile::CreateHashKey(DName& key) {
 }
 
 void DFile::IncWord(DWORD& word, DName const& key, unsigned int& position) {
-    // The shift starts at 1 and is multiplied by 8 in 8 bits after each character; only its
-    // low five bits count, so the four characters are shifted by 1, 8, 0 and 0.
-    DWORD sum = 0;
-    unsigned char shift = 1;
-    for (int i = 0; i < 4; ++i) {
-        if (position >= key.Size())
-            position = 0;
-        DWORD const c = static_cast<DWORD>(static_cast<std::int32_t>(
-            static_cast<signed char>(key.Char(position)))); // 128 and 129 are negative
-        sum += c << (shift & 31);
-        ++position;
-        shift = static_cast<unsigned char>(shift * 8);
-    }
-    word ^= sum;
+    word ^= KeyMask(&key, key.Size(), position);
 }
 
 void DFile::DecWord(DWORD& word, DName const& key, unsigned int& position) {
