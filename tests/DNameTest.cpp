@@ -218,6 +218,11 @@ TEST(DName, DetUndoesItselfFromTheSameStart) {
     DName const head = det(DName("secret"), 5, key, &piece); // in pieces as at once
     EXPECT_TRUE(head + det(Raw(std::string("\0text", 5)), piece, key) == scrambled);
     EXPECT_TRUE(det(plain, 3, DName(), &unkeyed) == plain && unkeyed == 14);
+    // A position that wraps past 2^32 inside the text goes on as one that starts at 0.
+    unsigned int const last = 0u - 3;
+    DName const across = det(plain, last, key, &end);
+    EXPECT_TRUE(end == 8 && across == det(DName("sec"), last, key) +
+                                          det(Raw(std::string("ret\0text", 8)), 0, key));
 }
 
 TEST(Wildcard, MatchesStarsAndQuestionMarksInAnyCase) {
