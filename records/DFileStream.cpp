@@ -90,13 +90,23 @@ void Scramble(DFile& file) {
     words.Into(file);
 }
 
-// The stream form of a record with the given path and words, which may be scrambled.
+// The stream form of a record with the given path and words, which may be scrambled. The
+// numbers go out in one block.
 bool WriteFields(FileOper& file, bool scrambled, DName const& key, DName const& path,
                  Words const& words) {
+    DWORD const numbers[] = {
+        words.dateWritten.dwLowDateTime,
+        words.dateWritten.dwHighDateTime,
+        words.dateLastAccessed.dwLowDateTime,
+        words.dateLastAccessed.dwHighDateTime,
+        words.dateCreated.dwLowDateTime,
+        words.dateCreated.dwHighDateTime,
+        words.attributes,
+        words.sizeLow,
+        words.sizeHigh,
+    };
     return WriteByte(file, scrambled ? 1 : 0) && key.Write(file) && path.Write(file) &&
-           WriteDate(file, words.dateWritten) && WriteDate(file, words.dateLastAccessed) &&
-           WriteDate(file, words.dateCreated) && WriteWord(file, words.attributes) &&
-           WriteWord(file, words.sizeLow) && WriteWord(file, words.sizeHigh);
+           WriteWords(file, numbers, sizeof numbers / sizeof numbers[0]);
 }
 
 } // namespace
