@@ -125,10 +125,11 @@ void DName::det(DName const& key, unsigned int& position) {
         unsigned int run = std::min(size - i, key.size - k);
         if (at + run < at)
             run = 0u - at; // to the wrap of `at`
+        // Local pointers: a byte store could otherwise alias the pointers and reload them.
+        unsigned char* const bytes = reinterpret_cast<unsigned char*>(text + i);
+        unsigned char const* const with = reinterpret_cast<unsigned char const*>(key.text + k);
         for (unsigned int j = 0; j < run; ++j)
-            text[i + j] = static_cast<char>(static_cast<unsigned char>(text[i + j]) ^
-                                            static_cast<unsigned char>(key.text[k + j]) ^
-                                            PositionMix(at + j));
+            bytes[j] = static_cast<unsigned char>(bytes[j] ^ with[j] ^ PositionMix(at + j));
         i += run;
         k = (k + run == key.size || at + run == 0) ? 0 : k + run;
     }
