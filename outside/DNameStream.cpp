@@ -2,6 +2,7 @@
 #include <tessik/DName.h>
 #include <tessik/FileOper.h>
 
+#include <algorithm>
 #include <climits>
 #include <memory>
 
@@ -111,11 +112,26 @@ void DName::det(DName const& key, unsigned int& position) {
         det(copy, position);
         return;
     }
-    for (unsigned int i = 0; i < size && key.size; ++i) {
-        unsigned int at = position + i;
-        text[i] = static_cast<char>(static_cast<unsigned char>(text[i]) ^
-                                    static_cast<unsigned char>(key.text[at % key.size]) ^
-                                    PositionMix(at));
+    if (key.size == 0) {
+        position += size;
+        return;
+    }
+    // The key byte for position `at` is at % key.size. It is found by stepping through the key
+    // in runs that end where the key wraps, so no byte needs a division; `at` wrapping past
+    // 2^32 restarts the key too.
+    unsigned int k = position % key.size;
+    for (unsigned int i = 0; i < size;) {
+        unsigned int const at = position + i;
+        unsigned int run = std::min(size - i, key.size - k);
+        if (at + run < at)
+            run = 0u - at; // to the wrap of `at`
+        // Local pointers: a byte store could otherwise alias the pointers and reload them.
+        unsigned char* const bytes = reinterpret_cast<unsigned char*>(text + i);
+        unsigned char const* const with = reinterpret_cast<unsigned char const*>(key.text + k);
+        for (unsigned int j = 0; j < run; ++j)
+            bytes[j] = static_cast<unsigned char>(bytes[j] ^ with[j] ^ PositionMix(at + j));
+        i += run;
+        k = (k + run == key.size || at + run == 0) ? 0 : k + run;
     }
     position += size;
 }

@@ -12,36 +12,126 @@ namespace {
 
 using namespace stream_fields;
 
-// Scrambles the path, then the nine words in the record's field order, with the record's key
-// from position 0 on. Its own inverse.
+// A key character widened to 32 bits as a signed value: 128 and 129 are negative.
+DWORD Widened(char c) {
+    return static_cast<DWORD>(static_cast<std::int32_t>(static_cast<signed char>(c)));
+}
+
+// What IncWord XORs into a word: four characters of the key from `position` on, the position
+// returning to 0 at the key's end before each one (a character past the end of an empty key
+// is 0). The shift starts at 1 and is multiplied by 8 in 8 bits after each character; only its
+// low five bits count, so the four characters are shifted by 1, 8, 0 and 0. Characters add up.
+DWORD KeyMask(char const* key, unsigned int size, unsigned int& position) {
+    if (position < size && size - position >= 4) { // no wrap on the way
+        char const* const c = key + position;
+        DWORD const sum =
+            (Widened(c[0]) << 1) + (Widened(c[1]) << 8) + Widened(c[2]) + Widened(c[3]);
+        position += 4;
+        return sum;
+    }
+    DWORD sum = 0;
+    unsigned char shift = 1;
+    for (int i = 0; i < 4; ++i) {
+        if (position >= size)
+            position = 0;
+        sum += Widened(position < size ? key[position] : 0) << (shift & 31);
+        ++position;
+        shift = static_cast<unsigned char>(shift * 8);
+    }
+    return sum;
+}
+
+// The nine words that are scrambled, in the order of scrambling (the record's field order).
+struct Words {
+    DWORD sizeLow, sizeHigh, attributes;
+    FILETIME dateCreated, dateLastAccessed, dateWritten;
+
+    explicit Words(DFile const& file)
+        : sizeLow(file.sizeLow), sizeHigh(file.sizeHigh), attributes(file.attributes),
+          dateCreated(file.dateCreated), dateLastAccessed(file.dateLastAccessed),
+          dateWritten(file.dateWritten) {}
+
+    void Into(DFile& file) const {
+        file.sizeLow = sizeLow;
+        file.sizeHigh = sizeHigh;
+        file.attributes = attributes;
+        file.dateCreated = dateCreated;
+        file.dateLastAccessed = dateLastAccessed;
+        file.dateWritten = dateWritten;
+    }
+
+    // Each word in turn XOR the mask of the key from `position` on.
+    void Scramble(DName const& key, unsigned int& position) {
+        DWORD* const words[] = {
+            &sizeLow,
+            &sizeHigh,
+            &attributes,
+            &dateCreated.dwLowDateTime,
+            &dateCreated.dwHighDateTime,
+            &dateLastAccessed.dwLowDateTime,
+            &dateLastAccessed.dwHighDateTime,
+            &dateWritten.dwLowDateTime,
+            &dateWritten.dwHighDateTime,
+        };
+        char const* const bytes = &key;
+        unsigned int const size = key.Size();
+        for (DWORD* word : words)
+            *word ^= KeyMask(bytes, size, position);
+    }
+};
+
+// Scrambles the path, then the nine words, with the record's key from position 0 on. Its own
+// inverse.
 void Scramble(DFile& file) {
     unsigned int position = 0;
     file.fullPath.det(file.hashKey, position);
-    DWORD* const words[] = {
-        &file.sizeLow,
-        &file.sizeHigh,
-        &file.attributes,
-        &file.dateCreated.dwLowDateTime,
-        &file.dateCreated.dwHighDateTime,
-        &file.dateLastAccessed.dwLowDateTime,
-        &file.dateLastAccessed.dwHighDateTime,
-        &file.dateWritten.dwLowDateTime,
-        &file.dateWritten.dwHighDateTime,
+    Words words(file);
+    words.Scramble(file.hashKey, position);
+    words.Into(file);
+}
+
+// The stream form of a record with the given path and words, which may be scrambled. The
+// numbers go out in one block.
+bool WriteFields(FileOper& file, bool scrambled, DName const& key, DName const& path,
+                 Words const& words) {
+    DWORD const numbers[] = {
+        words.dateWritten.dwLowDateTime,
+        words.dateWritten.dwHighDateTime,
+        words.dateLastAccessed.dwLowDateTime,
+        words.dateLastAccessed.dwHighDateTime,
+        words.dateCreated.dwLowDateTime,
+        words.dateCreated.dwHighDateTime,
+        words.attributes,
+        words.sizeLow,
+        words.sizeHigh,
     };
-    for (DWORD* word : words)
-        file.IncWord(*word, file.hashKey, position);
+    return WriteByte(file, scrambled ? 1 : 0) && key.Write(file) && path.Write(file) &&
+           WriteWords(file, numbers, sizeof numbers / sizeof numbers[0]);
 }
 
 } // namespace
 
 bool DFile::Write(FileOper& file) {
-    Encrypt(); // when no key can be made the record goes out plain, flag 0
-    bool const written = WriteByte(file, dataEncrypted ? 1 : 0) && hashKey.Write(file) &&
-                         fullPath.Write(file) && WriteDate(file, dateWritten) &&
-                         WriteDate(file, dateLastAccessed) && WriteDate(file, dateCreated) &&
-                         WriteWord(file, attributes) && WriteWord(file, sizeLow) &&
-                         WriteWord(file, sizeHigh);
-    Decrypt();
+    if (dataEncrypted || !CreateHashKey(hashKey)) {
+        // Scrambled by the caller, with its own key; or no key could be made: plain, flag 0.
+        bool const written = WriteFields(file, dataEncrypted, hashKey, fullPath, Words(*this));
+        Decrypt();
+        return written;
+    }
+    // With the new key the path and the words are scrambled on their way out, in copies, so
+    // the record stays plain. A path that cannot be copied is scrambled in place and back.
+    thread_local DName pathCopy; // its room serves every write of the thread
+    bool const copied = pathCopy.Copy(fullPath);
+    DName& path = copied ? pathCopy : fullPath;
+    unsigned int position = 0;
+    path.det(hashKey, position);
+    Words words(*this);
+    words.Scramble(hashKey, position);
+    bool const written = WriteFields(file, true, hashKey, path, words);
+    if (!copied) {
+        position = 0;
+        fullPath.det(hashKey, position);
+    }
     return written;
 }
 
@@ -97,20 +187,7 @@ bool DFile::CreateHashKey(DName& key) {
 }
 
 void DFile::IncWord(DWORD& word, DName const& key, unsigned int& position) {
-    // The shift starts at 1 and is multiplied by 8 in 8 bits after each character; only its
-    // low five bits count, so the four characters are shifted by 1, 8, 0 and 0.
-    DWORD sum = 0;
-    unsigned char shift = 1;
-    for (int i = 0; i < 4; ++i) {
-        if (position >= key.Size())
-            position = 0;
-        DWORD const c = static_cast<DWORD>(static_cast<std::int32_t>(
-            static_cast<signed char>(key.Char(position)))); // 128 and 129 are negative
-        sum += c << (shift & 31);
-        ++position;
-        shift = static_cast<unsigned char>(shift * 8);
-    }
-    word ^= sum;
+    word ^= KeyMask(&key, key.Size(), position);
 }
 
 void DFile::DecWord(DWORD& word, DName const& key, unsigned int& position) {

@@ -1,6 +1,8 @@
 // Fixed-size fields of the stored forms.
 #include "records/StreamFields.h"
 
+#include <algorithm>
+
 namespace stream_fields {
 
 namespace {
@@ -34,6 +36,19 @@ bool WriteDate(FileOper& file, FILETIME const& date) {
     PutWord(bytes, date.dwLowDateTime);
     PutWord(bytes + 4, date.dwHighDateTime);
     return file.Write(bytes, sizeof bytes);
+}
+
+bool WriteWords(FileOper& file, DWORD const* words, DWORD count) {
+    unsigned char bytes[64];
+    for (DWORD done = 0; done < count;) {
+        DWORD const n = std::min<DWORD>(count - done, sizeof bytes / 4);
+        for (DWORD i = 0; i < n; ++i)
+            PutWord(bytes + 4 * i, words[done + i]);
+        if (!file.Write(bytes, 4 * n))
+            return false;
+        done += n;
+    }
+    return true;
 }
 
 bool ReadBytes(FileOper& file, void* bytes, DWORD size) {

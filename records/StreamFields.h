@@ -11,7 +11,8 @@ namespace stream_fields {
 
 bool WriteByte(FileOper& file, BYTE byte);
 bool WriteWord(FileOper& file, DWORD word);
-bool WriteDate(FileOper& file, FILETIME const& date); // low word, then high word
+bool WriteDate(FileOper& file, FILETIME const& date);             // low word, then high word
+bool WriteWords(FileOper& file, DWORD const* words, DWORD count); // in few blocks
 
 bool ReadBytes(FileOper& file, void* bytes, DWORD size);
 bool ReadByte(FileOper& file, BYTE& byte);

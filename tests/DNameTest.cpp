@@ -187,6 +187,18 @@ TEST(DName, DetWithoutAKeyOnlyMovesOn) {
     EXPECT_TRUE(Shown(text) == std::string("secret\0text", 11) && position == 14);
 }
 
+// A position that wraps past 2^32 inside the text goes on as one that starts at 0.
+TEST(DName, DetPositionWrapsToZero) {
+    DName const key("k3y"), plain = Raw(std::string("secret\0text", 11));
+    unsigned int const last = 0u - 3;
+    unsigned int end = last, start = last, zero = 0;
+    DName across = plain, head("sec"), tail = Raw(std::string("ret\0text", 8));
+    across.det(key, end);
+    head.det(key, start);
+    tail.det(key, zero);
+    EXPECT_TRUE(end == 8 && across == head + tail);
+}
+
 TEST(Wildcard, MatchesStarsAndQuestionMarksInAnyCase) {
     char const* const matching[][2] = {{"README.TXT", "*.txt"},
                                        {"abxbcd", "*b?d"},
