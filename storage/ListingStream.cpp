@@ -1,5 +1,5 @@
 // The stored form of a listing: the record count, 4 bytes little-endian, then each record's
-// stream form in list order. Nothing else: no specification, no tallies, no settings.
+// stream form in list order. Nothing else: no search criteria, no tallies, no settings.
 #include "records/StreamFields.h"
 
 #include <tessik/Controls.h>
