@@ -1,21 +1,13 @@
 #include "find_progress.h"
 
 #include "find_interrupt.h"
+#include "terminal_width.h"
 
 #include <cstdio>
-#include <sys/ioctl.h>
-#include <unistd.h>
 
 namespace {
 
 std::chrono::milliseconds const drawInterval(100);
-
-unsigned TerminalWidth() {
-    winsize size = {};
-    if (ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0)
-        return size.ws_col;
-    return 80;
-}
 
 // The end of `text` in at most `width` bytes, "..." in front when it was cut.
 std::string Tail(std::string const& text, unsigned width) {

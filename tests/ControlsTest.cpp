@@ -1,6 +1,8 @@
 #include <tessik/Controls.h>
 #include <tessik/headless.h>
 
+#include "support/Backend.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -219,6 +221,7 @@ TEST(ControlsTest, AssignmentCopiesFieldsInOrderButNotContent) {
 }
 
 TEST(ControlsTest, EachControlOwnsAHeadlessWindow) {
+    ONLY_ON_POSIX_BACKEND("the headless windows");
     HWND parentWindow = nullptr;
     HWND childWindow = nullptr;
     {

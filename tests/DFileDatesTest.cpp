@@ -1,3 +1,4 @@
+#include "support/Backend.h"
 #include "support/TempTree.h"
 
 #include <tessik/tessik.h>
@@ -59,6 +60,7 @@ TEST(DFileDates, DatesOutsideTheValidYearsReadAsTheFallback) {
 }
 
 TEST(DFileDates, LocalTimeShowsOnTheTwelveHourClock) {
+    ONLY_ON_POSIX_BACKEND("local time follows TZ");
     TempTree restoresZone;
     UseZone("EST5EDT,M3.2.0,M11.1.0");
     DFile file;
@@ -73,6 +75,7 @@ TEST(DFileDates, LocalTimeShowsOnTheTwelveHourClock) {
 }
 
 TEST(DFileDates, LocalDatesGoThroughTheZone) {
+    ONLY_ON_POSIX_BACKEND("local time follows TZ");
     TempTree restoresZone;
     UseZone("IST-5:30");
     DFile file;

@@ -1,3 +1,4 @@
+#include "support/Backend.h"
 #include "support/TempTree.h"
 
 #include <tessik/DFile.h>
@@ -88,6 +89,7 @@ TEST(DFileText, AttributeFlagsAndWordsFollowTheTableOrder) {
 }
 
 TEST(DFileText, LineHoldsSixFieldsInLocalTime) {
+    ONLY_ON_POSIX_BACKEND("local time follows TZ");
     TempTree zone;
     setenv("TZ", "EST5EDT,M3.2.0,M11.1.0", 1);
     tzset();
@@ -140,6 +142,7 @@ TEST(DFileText, ReadingOddLines) {
 }
 
 TEST(DFileText, DatesReadBackFromTheLineToTheSecond) {
+    ONLY_ON_POSIX_BACKEND("local time follows TZ");
     TempTree zone;
     setenv("TZ", "IST-5:30", 1);
     tzset();

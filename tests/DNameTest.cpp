@@ -2,6 +2,7 @@
 #include <tessik/FileOper.h>
 #include <tessik/ShortName.h>
 
+#include "support/Backend.h"
 #include "support/TempTree.h"
 
 #include <gtest/gtest.h>
@@ -261,6 +262,7 @@ TEST(DName, DetUndoesItselfFromTheSameStart) {
 }
 
 TEST(Wildcard, MatchesStarsAndQuestionMarksInAnyCase) {
+    ONLY_ON_POSIX_BACKEND("PathMatchSpecA as emulated (Wine's: abc is not abc.*, null crashes)");
     char const* const matching[][2] = {{"README.TXT", "*.txt"},
                                        {"abxbcd", "*b?d"},
                                        {"mississippi", "m*iss*ppi"},

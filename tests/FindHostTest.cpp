@@ -1,4 +1,5 @@
 // The example host tessik-find, run as a program on generated trees with its output a pipe.
+#include "support/Backend.h"
 #include "support/TempTree.h"
 
 #include <gtest/gtest.h>
@@ -46,6 +47,7 @@ protected:
     void SetUp() override {
         if (!findPath)
             GTEST_SKIP() << "tessik-find is not built";
+        ONLY_ON_POSIX_BACKEND("the host runs through a POSIX shell");
         tree.MakeDir("t");
         tree.MakeDir("t/sub");
         tree.MakeDir("t/sub/deep");

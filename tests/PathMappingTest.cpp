@@ -1,6 +1,7 @@
 // Windows paths reach the POSIX file system as drive Z: (seen through the file functions).
 #include <tessik/FileOper.h>
 
+#include "support/Backend.h"
 #include "support/TempTree.h"
 
 #include <gtest/gtest.h>
@@ -17,6 +18,7 @@ bool Opens(std::string const& path) {
 } // namespace
 
 TEST(PathMapping, AbsolutePathsAreOnDriveZ) {
+    ONLY_ON_POSIX_BACKEND("POSIX names with Windows-forbidden bytes");
     TempTree tree;
     tree.MakeFile("f.txt", "x");
     std::string posixPath = tree.Path("f.txt");

@@ -1,3 +1,4 @@
+#include "support/Backend.h"
 #include "support/TempTree.h"
 
 #include <tessik/Controls.h>
@@ -105,6 +106,7 @@ template <class Control> struct Hook {
 } // namespace
 
 TEST(SearchFeedback, PaintsTheShareOfEntriesOnTheBar) {
+    ONLY_ON_POSIX_BACKEND("the headless windows and the clock hook");
     TempTree tree;
     MakeFiles(tree, "t", 13);
     Watch watch;
@@ -210,6 +212,7 @@ TEST(SearchFeedback, ShowsTheShareOfMatchesAndTheDirectory) {
 }
 
 TEST(SearchFeedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
+    ONLY_ON_POSIX_BACKEND("the headless windows and the clock hook");
     TempTree tree;
     MakeFiles(tree, "t", 5);
     Watch watch;
@@ -271,6 +274,7 @@ TEST(SearchFeedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
 }
 
 TEST(SearchFeedback, DropsABarWithoutDeviceContext) {
+    ONLY_ON_POSIX_BACKEND("the headless windows and the clock hook");
     TempTree tree;
     MakeFiles(tree, "t", 3);
     Watch watch;
@@ -315,6 +319,7 @@ DWORD AbortAtThirdTick() {
 } // namespace
 
 TEST(SearchFeedback, StopsWhenAsked) {
+    ONLY_ON_POSIX_BACKEND("the headless windows and the clock hook");
     TempTree tree;
     MakeFiles(tree, "a", 3);
     MakeFiles(tree, "a/sub", 2);
@@ -377,6 +382,7 @@ TEST(SearchFeedback, StopsWhenAsked) {
 }
 
 TEST(SearchFeedback, StopsWithoutStatusWindow) {
+    ONLY_ON_POSIX_BACKEND("the headless windows and the clock hook");
     TempTree tree;
     MakeFiles(tree, "t", 4);
     DListControl list;

@@ -1,3 +1,4 @@
+#include "support/Backend.h"
 #include "support/TempTree.h"
 
 #include <tessik/headless_time.h>
@@ -59,6 +60,7 @@ TEST(SearchStatistics, CountsOfARun) {
 }
 
 TEST(SearchStatistics, AnalysisByAttribute) {
+    ONLY_ON_POSIX_BACKEND("a read-only directory (Wine keeps none)");
     TempTree tree;
     tree.MakeDir("a");
     tree.MakeDir("a/.hidden");
@@ -90,6 +92,7 @@ TEST(SearchStatistics, AnalysisByAttribute) {
 }
 
 TEST(SearchStatistics, MillisecondsOfAnEmptyQueueStay) {
+    ONLY_ON_POSIX_BACKEND("the clock hook");
     TempTree tree;
     tree.MakeDir("d");
     ClockReset const reset;

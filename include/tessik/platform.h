@@ -13,11 +13,24 @@
 
 #if defined(_WIN32)
 
+// Hosts get the lean <windows.h> (no winsock.h, no rpcndr.h names such as `byte`) with the
+// common dialogs; the library itself also needs the shell's and the path functions.
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <windows.h>
+
+#include <commdlg.h>
+#if defined(TESSIK_BUILDING)
 #include <shlobj.h>
 #include <shlwapi.h>
+#else
+// Name matching of the shell, as <shlwapi.h> declares it (link shlwapi).
+extern "C" __declspec(dllimport) BOOL WINAPI PathMatchSpecA(LPCSTR name, LPCSTR pattern);
+#endif
+
 #include <stdlib.h>
 #include <string.h>
-#include <windows.h>
 
 // The runtime's own generator; the posix backend declares the same names below.
 inline int msvcrt_rand() {

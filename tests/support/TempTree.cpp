@@ -64,18 +64,6 @@ TempTree::~TempTree() {
     tzset();
 }
 
-std::string TempTree::Path(std::string const& relative) const {
-    return relative.empty() ? root : root + "/" + relative;
-}
-
-std::string TempTree::WinPath(std::string const& relative) const {
-    std::string path = "Z:" + Path(relative);
-    for (char& c : path)
-        if (c == '/')
-            c = '\\';
-    return path;
-}
-
 void TempTree::MakeDir(std::string const& relative) const {
     ASSERT_EQ(mkdir(Path(relative).c_str(), 0755), 0) << relative;
 }
