@@ -4,8 +4,10 @@
 #   bench/compare.sh [BUILD_DIR]     (default: build/default)
 #
 # Makes two trees under $TMPDIR (or /tmp) unless they exist: 160,000 entries of small files for
-# the walk, and about 120 MB of text for the content search. Each command runs five times after
-# a warm-up; the best wall time counts.
+# the walk, and about 120 MB of text for the content search; /usr and /usr/include are searched
+# too where they exist. The commands on one tree run in turns, five rounds after a warm-up, so
+# the load of the machine falls on all of them alike; the best wall time and the best CPU time
+# (user + system) of each count, and the ratios are of CPU time.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=${1:-build/default}
@@ -46,35 +48,60 @@ for d in range(30):
 PY
 fi
 
-best() { # best wall time in seconds of five runs of "$@", output thrown away
-  "$@" > /dev/null
-  local best=999999
-  for _ in 1 2 3 4 5; do
-    local start end
-    start=$(date +%s.%N)
-    "$@" > /dev/null
-    end=$(date +%s.%N)
-    best=$(echo "$end - $start" | bc -l | awk -v b="$best" '{ print ($1 < b) ? $1 : b }')
+TIMEFORMAT='%3R %3U %3S' # wall, user and system seconds of `time`, to the millisecond
+# Runs the commands given as "label|command" in turns and prints, for each, its best wall and
+# CPU time and its CPU time over that of the first command.
+compare() {
+  local title=$1; shift
+  local -a wall cpu
+  local i round
+  for ((round = 0; round <= 5; round++)); do
+    i=0
+    for spec in "$@"; do
+      local times w c
+      times=$( { time bash -c "${spec#*|} > /dev/null 2>&1; exit 0"; } 2>&1 | tail -n 1)
+      w=$(awk '{ print $1 }' <<< "$times")
+      c=$(awk '{ print $2 + $3 }' <<< "$times")
+      if ((round > 0)); then # round 0 warms the caches
+        wall[i]=$(awk -v a="$w" -v b="${wall[i]:-1e9}" 'BEGIN { print (a < b) ? a : b }')
+        cpu[i]=$(awk -v a="$c" -v b="${cpu[i]:-1e9}" 'BEGIN { print (a < b) ? a : b }')
+      fi
+      i=$((i + 1))
+    done
   done
-  echo "$best"
+  echo "$title"
+  i=0
+  for spec in "$@"; do
+    awk -v l="${spec%%|*}" -v w="${wall[i]}" -v c="${cpu[i]}" -v r="${cpu[0]}" \
+      'BEGIN { printf "  %-26s wall %7.3f s   cpu %7.3f s   cpu ratio %.2f\n", l, w, c, (r > 0) ? c / r : 0 }'
+    i=$((i + 1))
+  done
 }
 
-count=$(find "$entries" | wc -l)
-du_text=$(du -sm "$text" | cut -f1)
-t_find=$(best find "$entries" -printf '%s %T@ %p\n')
-t_walk=$(best "$walk" list "$entries")
-t_count=$(best "$walk" count "$entries")
-t_grep=$(best grep -rlF zzzqqqzzz "$text")
-t_tgrep=$(best "$walk" grep zzzqqqzzz "$text")
-rss() { /usr/bin/time -f %M "$@" 2>&1 > /dev/null | tail -n 1; }
-rss_list=$(rss "$walk" list "$entries")
-rss_count=$(rss "$walk" count "$entries")
+listing() { # the walk of a tree: find, tessik storing, tessik counting
+  compare "walk of $1 ($(find "$1" 2>/dev/null | wc -l) entries)" \
+    "find -printf|find '$1' -printf '%s %T@ %p\n'" \
+    "tessik, storing|'$walk' list '$1'" \
+    "tessik, counting|'$walk' count '$1'"
+}
+content() { # a search for a text that no file holds
+  compare "content search of $1 ($(du -sm "$1" 2>/dev/null | cut -f1) MB)" \
+    "grep -rlF|grep -rlF zzzqqqzzz '$1'" \
+    "tessik|'$walk' grep zzzqqqzzz '$1'"
+}
+memory() { # bytes a stored record costs beyond its path text: peak memory storing less counting
+  local stored counted count text
+  stored=$(/usr/bin/time -f %M "$walk" list "$1" 2>&1 > /dev/null | tail -n 1)
+  counted=$(/usr/bin/time -f %M "$walk" count "$1" 2>&1 > /dev/null | tail -n 1)
+  count=$("$walk" list "$1" | wc -l)
+  text=$("$walk" list "$1" | cut -d' ' -f3- | wc -c) # each path and its end, as the zero
+  awk -v s="$stored" -v c="$counted" -v n="$count" -v t="$text" -v d="$1" \
+    'BEGIN { printf "memory of %s: %d KiB storing, %d KiB counting: %.0f bytes a record beyond its path text\n", d, s, c, ((s - c) * 1024 - t) / n }'
+}
 
-printf 'walk of %s entries:   find %.3f s   tessik %.3f s   ratio %.2f\n' \
-  "$count" "$t_find" "$t_walk" "$(echo "$t_walk / $t_find" | bc -l)"
-printf 'the same walk, counting only:   find %.3f s   tessik %.3f s   ratio %.2f\n' \
-  "$t_find" "$t_count" "$(echo "$t_count / $t_find" | bc -l)"
-printf 'content search, %s MB: grep %.3f s   tessik %.3f s   ratio %.2f\n' \
-  "$du_text" "$t_grep" "$t_tgrep" "$(echo "$t_tgrep / $t_grep" | bc -l)"
-printf 'peak memory: %s KiB storing, %s KiB counting: %.0f bytes a stored record\n' \
-  "$rss_list" "$rss_count" "$(echo "($rss_list - $rss_count) * 1024 / $count" | bc -l)"
+listing "$entries"
+[ -d /usr ] && listing /usr
+content "$text"
+[ -d /usr/include ] && content /usr/include
+memory "$entries"
+[ -d /usr ] && memory /usr

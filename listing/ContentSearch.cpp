@@ -6,6 +6,7 @@
 #include <tessik/FileOper.h>
 
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <new>
 #include <string>
@@ -32,6 +33,22 @@ DWORD BlockSize(DirectoryListingSpec const& spec, unsigned int longest) {
     return size;
 }
 
+// The path to open `file` by. The cursor's entry lies in the cursor's directory, which the
+// cursor has made the current one, so it is opened by its name there: the same file, without
+// walking its whole path twice more (the look before the open, and the open).
+char const* PathToOpen(DFileLoad const& load, DFile const& file) {
+    char const* path = &file.GetFullPath();
+    unsigned int const home = load.workPath.Size();
+    bool const inHome = &file == &load.foundFile && load.isOpen() && home != 0 &&
+                        file.GetFullPath().Size() > home + 1 &&
+                        std::memcmp(path, &load.workPath, home) == 0;
+    if (!inHome)
+        return path;
+    char const last = path[home - 1];
+    bool const joined = last == '\\' || last == '/';
+    return joined || path[home] == '\\' ? path + home + (joined ? 0 : 1) : &file.GetFullPath();
+}
+
 // Frees the block buffer however the search ends.
 struct FreeBuffer {
     void operator()(char* buffer) const { std::free(buffer); }
@@ -40,7 +57,9 @@ struct FreeBuffer {
 } // namespace
 
 bool DFileLoad::ContainsTerms(DirectoryListingSpec const& criteria, DFile const& file) {
-    FileOper stream(&file.GetFullPath(), false);
+    if (file.isDir())
+        return false; // a directory never opens as a stream: its record says so without a look
+    FileOper stream(PathToOpen(*this, file), false);
     if (!stream.isOpen())
         return false;
     unsigned int const longest = LongestTerm(searchTerms);

@@ -55,26 +55,30 @@ void DFileLoad::CloseDirListing() {
     findHandle = nullptr;
 }
 
+// A failed change leaves the current directory where it was on both platforms, so the
+// comparison of the directory before and after a failure always finds them equal: the result
+// is that of the change itself, without reading the current directory twice a change.
 bool DFileLoad::ChangeDir(DName const& path) const {
-    if (path.isEmpty())
-        return false;
-    DName const before = GetDir();
-    if (SetCurrentDirectoryA(&path))
-        return true;
-    return GetDir() != before;
+    return !path.isEmpty() && SetCurrentDirectoryA(&path);
 }
 
+// The size is asked first and the text fetched after; a path that grew in between (a directory
+// renamed) makes the fetch give the size it now needs, and the fetch is made again with that.
 DName DFileLoad::GetDir() const {
-    DWORD const needed = GetCurrentDirectoryA(0, nullptr);
-    if (needed == 0)
-        return DName();
-    char* buffer = static_cast<char*>(std::malloc(needed + 1));
-    if (!buffer)
-        return DName();
     DName dir;
-    if (GetCurrentDirectoryA(needed, buffer) != 0)
-        dir = buffer;
-    std::free(buffer);
+    DWORD size = GetCurrentDirectoryA(0, nullptr);
+    for (int tries = 0; size != 0 && tries < 16; ++tries) {
+        char* buffer = static_cast<char*>(std::malloc(size + 1));
+        if (!buffer)
+            break;
+        DWORD const written = GetCurrentDirectoryA(size, buffer);
+        if (written != 0 && written < size)
+            dir.Namen(buffer, written);
+        std::free(buffer);
+        if (written < size)
+            break;
+        size = written;
+    }
     return dir;
 }
 

@@ -45,6 +45,38 @@ void PruneOverlapping(Container<DName>& dirs) {
     }
 }
 
+bool IsSeparator(char c) {
+    return c == '\\' || c == '/';
+}
+
+// A start directory as a full path, so that every record has one. A rooted path takes the
+// current drive; a relative one becomes the directory that the process reaches by it from the
+// current directory, and one without a drive that cannot be entered is joined to the current
+// directory.
+DName Absolute(DFileLoad const& load, DName const& dir, DName const& current) {
+    char const* text = &dir;
+    bool const hasDrive = dir.Size() >= 2 && text[1] == ':';
+    if (dir.isEmpty() || (hasDrive && IsSeparator(text[2])) ||
+        (IsSeparator(text[0]) && IsSeparator(text[1])))
+        return dir; // already full, a network path, or the empty name that prunes all others
+    if (IsSeparator(text[0])) {
+        DName drive;
+        DName(current).RemDrive(drive);
+        return drive + dir;
+    }
+    if (load.ChangeDir(dir)) {
+        DName const reached = load.GetDir();
+        load.ChangeDir(current);
+        if (!reached.isEmpty())
+            return reached;
+    }
+    if (hasDrive)
+        return dir; // a drive that cannot be entered keeps its own name
+    DName joined(dir);
+    joined.AddHome(current, false);
+    return joined;
+}
+
 // Fills in what the caller left empty, prunes the directories and collapses the patterns.
 void Normalise(DirectoryListingSpec& work, DName const& currentDir) {
     if (work.directories.count == 0) {
@@ -63,6 +95,17 @@ void Normalise(DirectoryListingSpec& work, DName const& currentDir) {
             break;
         }
     }
+}
+
+// After the cursor found no further entry: whether that was an entry the platform could not
+// give (a name too long for a find record). Each such entry is counted and stepped past.
+bool StepPastUnlisted(DFileLoad& load, DWORD& unlisted) {
+    while (load.isOpen() && GetLastError() == ERROR_FILENAME_EXCED_RANGE) {
+        ++unlisted;
+        if (load.NextDirListing())
+            return true;
+    }
+    return false;
 }
 
 struct ByName {
@@ -94,7 +137,10 @@ bool DFileLoad::LoadAllDirListings(DirectoryListingSpec const& criteria, bool re
     DWORD const startTicks = GetTickCount();
 
     DirectoryListingSpec work(criteria);
-    Normalise(work, GetDir());
+    DName const current = GetDir();
+    for (DName* dir = work.directories.head; dir; dir = dir->link)
+        *dir = Absolute(*this, *dir, current);
+    Normalise(work, current);
     Container<DName> queue;
     if (!BuildQueue(work.directories, queue))
         return false;
@@ -107,12 +153,13 @@ bool DFileLoad::LoadAllDirListings(DirectoryListingSpec const& criteria, bool re
         ClearAnalysis();
 
     bool result = true;
+    DWORD unlisted = 0;
     while (queue.count != 0) {
         feedback.Directory(*queue.head);
-        if (OpenDirListing(work, *queue.head, 0)) {
-            SearchStep const outcome = abortRequested
-                                           ? SearchStep::Stopped
-                                           : SearchDirectory(work, recursive, queue, feedback);
+        if (OpenDirListing(work, *queue.head, 0) || StepPastUnlisted(*this, unlisted)) {
+            SearchStep const outcome =
+                abortRequested ? SearchStep::Stopped
+                               : SearchDirectory(work, recursive, queue, feedback, unlisted);
             if (outcome != SearchStep::Done) {
                 feedback.Message(outcome == SearchStep::Stopped ? "Stopped processing folders."
                                                                 : "Insufficient memory.");
@@ -129,12 +176,14 @@ bool DFileLoad::LoadAllDirListings(DirectoryListingSpec const& criteria, bool re
     abortRequested = false;
     searching = false;
     feedback.Finish(result);
+    if (result && unlisted != 0)
+        feedback.Message(&((DName("Entries not listed: ") + std::uint64_t(unlisted)) += "."));
     return result;
 }
 
 DFileLoad::SearchStep DFileLoad::SearchDirectory(DirectoryListingSpec const& work, bool recursive,
-                                                 Container<DName>& queue,
-                                                 SearchFeedback& feedback) {
+                                                 Container<DName>& queue, SearchFeedback& feedback,
+                                                 DWORD& unlisted) {
     do {
         feedback.Entry();
         ++totalSearched;
@@ -154,7 +203,7 @@ DFileLoad::SearchStep DFileLoad::SearchDirectory(DirectoryListingSpec const& wor
             if (recursive && !queue.InsertRight(foundFile.GetFullPath()))
                 return SearchStep::OutOfMemory;
         }
-        if (!NextDirListing())
+        if (!NextDirListing() && !StepPastUnlisted(*this, unlisted))
             return SearchStep::Done; // the end of a directory: no look at abortRequested
     } while (!abortRequested);
     return SearchStep::Stopped;

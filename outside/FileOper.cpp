@@ -36,6 +36,18 @@ FileOper::FileOper(char const* path, bool create) : FileOper() {
         Close();
 }
 
+FileOper::FileOper(FileOper const&) : FileOper() {}
+
+FileOper& FileOper::operator=(FileOper const& other) {
+    if (&other == this)
+        return *this;
+    Close(); // the target's own stream; the source keeps its own
+    position = length = totalRead = bufferStart = filePosition = 0;
+    readSize = 0;
+    endMet = writable = failed = bufferWriting = false;
+    return *this;
+}
+
 FileOper::~FileOper() {
     Close();
 }
@@ -92,9 +104,24 @@ bool FileOper::Fill(std::uint64_t at) {
     bufferFill = 0;
     if (!buffer || !SeekTo(at))
         return false;
-    bool const done = ReadFile(handle, buffer, bufferCapacity, &bufferFill, nullptr) != FALSE;
+    // A stream that only reads asks for no more than the length it opened with, so the read
+    // that reaches the end is the last one.
+    DWORD const wanted = !writable && length - at < bufferCapacity ? static_cast<DWORD>(length - at)
+                                                                   : bufferCapacity;
+    bool const done = ReadFile(handle, buffer, wanted, &bufferFill, nullptr) != FALSE;
     filePosition += bufferFill;
     return done;
+}
+
+// Reads the rest of a file opened for reading straight into `target`, which has room for it.
+bool FileOper::ReadRest(char* target, DWORD& got) {
+    DWORD const wanted = static_cast<DWORD>(length - position);
+    got = 0;
+    if (!SeekTo(position) || ReadFile(handle, target, wanted, &got, nullptr) == FALSE)
+        return false;
+    filePosition += got;
+    position += got;
+    return true;
 }
 
 bool FileOper::Read(void* data, DWORD const& size, bool const& partial) {
@@ -113,6 +140,13 @@ bool FileOper::Read(void* data, DWORD const& size, bool const& partial) {
             position += n;
         } else if (position >= length && !writable) {
             break; // the end as the file was opened: no read to learn it
+        } else if (!writable && length - position <= size - got) {
+            // What is left of the file fits the caller's block: no copy through the buffer.
+            DWORD n;
+            done = ReadRest(target + got, n);
+            got += n;
+            if (!done || position < length)
+                break; // an error, or the file shrank
         } else if (!Fill(position)) {
             done = false;
             break;

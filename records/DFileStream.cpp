@@ -3,58 +3,14 @@
 // A record goes out as: flag byte, key, path, dateWritten, dateLastAccessed, dateCreated,
 // attributes, sizeLow, sizeHigh, numbers little-endian. The path and the numbers are scrambled
 // with a key made for each write and stored in the clear ahead of them.
+#include "records/StreamFields.h"
+
 #include <tessik/DFile.h>
 #include <tessik/FileOper.h>
 
 namespace {
 
-void PutWord(unsigned char* bytes, DWORD word) {
-    for (int i = 0; i < 4; ++i)
-        bytes[i] = static_cast<unsigned char>(word >> (8 * i));
-}
-
-DWORD GetWord(unsigned char const* bytes) {
-    DWORD word = 0;
-    for (int i = 0; i < 4; ++i)
-        word |= static_cast<DWORD>(bytes[i]) << (8 * i);
-    return word;
-}
-
-bool WriteWord(FileOper& file, DWORD word) {
-    unsigned char bytes[4];
-    PutWord(bytes, word);
-    return file.Write(bytes, sizeof bytes);
-}
-
-bool WriteDate(FileOper& file, FILETIME const& date) {
-    unsigned char bytes[8];
-    PutWord(bytes, date.dwLowDateTime);
-    PutWord(bytes + 4, date.dwHighDateTime);
-    return file.Write(bytes, sizeof bytes);
-}
-
-// A field counts as read only when all of its bytes came: a short read at the end of the
-// stream succeeds for FileOper, but leaves the field incomplete.
-bool ReadBytes(FileOper& file, unsigned char* bytes, DWORD size) {
-    return file.Read(bytes, size, true) && file.GetReadSize() == size;
-}
-
-bool ReadWord(FileOper& file, DWORD& word) {
-    unsigned char bytes[4];
-    if (!ReadBytes(file, bytes, sizeof bytes))
-        return false;
-    word = GetWord(bytes);
-    return true;
-}
-
-bool ReadDate(FileOper& file, FILETIME& date) {
-    unsigned char bytes[8];
-    if (!ReadBytes(file, bytes, sizeof bytes))
-        return false;
-    date.dwLowDateTime = GetWord(bytes);
-    date.dwHighDateTime = GetWord(bytes + 4);
-    return true;
-}
+using namespace stream_fields;
 
 // Scrambles the path, then the nine words in the record's field order, with the record's key
 // from position 0 on. Its own inverse.
@@ -80,18 +36,18 @@ void Scramble(DFile& file) {
 
 bool DFile::Write(FileOper& file) {
     Encrypt(); // when no key can be made the record goes out plain, flag 0
-    unsigned char const flag = dataEncrypted ? 1 : 0;
-    bool const written = file.Write(&flag, 1) && hashKey.Write(file) && fullPath.Write(file) &&
-                         WriteDate(file, dateWritten) && WriteDate(file, dateLastAccessed) &&
-                         WriteDate(file, dateCreated) && WriteWord(file, attributes) &&
-                         WriteWord(file, sizeLow) && WriteWord(file, sizeHigh);
+    bool const written = WriteByte(file, dataEncrypted ? 1 : 0) && hashKey.Write(file) &&
+                         fullPath.Write(file) && WriteDate(file, dateWritten) &&
+                         WriteDate(file, dateLastAccessed) && WriteDate(file, dateCreated) &&
+                         WriteWord(file, attributes) && WriteWord(file, sizeLow) &&
+                         WriteWord(file, sizeHigh);
     Decrypt();
     return written;
 }
 
 bool DFile::Read(FileOper& file) {
-    unsigned char flag = 0;
-    if (!ReadBytes(file, &flag, 1))
+    BYTE flag = 0;
+    if (!ReadByte(file, flag))
         return false;
     dataEncrypted = flag != 0;
     if (!hashKey.Read(file) || !fullPath.Read(file) || !ReadDate(file, dateWritten) ||
@@ -114,15 +70,18 @@ DWORD DFile::HeaderSize() const {
     return hashKey.Size() + fullPath.Size() + 36;
 }
 
+// The first value gives the length, 1 to 993, the further ones the characters from left to
+// right, 1 to 129 each; they are drawn in one batch, the same values as one call after another.
 bool DFile::CreateHashKey(DName& key) {
     key = 0;
+    constexpr int longest = 0x7FFF / 33 + 1;
     int const length = msvcrt_rand() / 33 + 1;
-    for (int i = 0; i < length; ++i) {
-        char const c = static_cast<char>(msvcrt_rand() / 255 + 1); // 1 to 129
-        if (!key.InsertRight(c, 1))
-            return false;
-    }
-    return true;
+    int values[longest];
+    msvcrt_rand_many(values, static_cast<std::size_t>(length));
+    char characters[longest];
+    for (int i = 0; i < length; ++i)
+        characters[i] = static_cast<char>(values[i] / 255 + 1);
+    return key.Namen(characters, static_cast<unsigned int>(length));
 }
 
 void DFile::IncWord(DWORD& word, DName const& key, unsigned int& position) {

@@ -50,7 +50,7 @@ public:
 
     DIBasics(HWND const& parent = nullptr, int const& id = -1);
     ~DIBasics();
-    DIBasics& operator=(DIBasics const& other) = default;
+    DIBasics& operator=(DIBasics const& other);
 
     // The control's window; null for another id, or a parent that is not the control's.
     HWND GetHandle(int const& id, HWND const& parent) const;
@@ -100,7 +100,7 @@ private:
 class TESSIK_API DText : public DIBasics {
 public:
     DText(HWND const& parent = nullptr, int const& id = -1);
-    DText& operator=(DText const& other) = default;
+    DText& operator=(DText const& other);
 
     bool Set(DName const& text);
 };
@@ -111,7 +111,7 @@ public:
     DWORD gripWidth; // width of the size grip in pixels, 0: none
 
     DStatusWnd(DName const& text = DName(0), int const& id = 1194, HWND const& parent = nullptr);
-    DStatusWnd& operator=(DStatusWnd const& other) = default;
+    DStatusWnd& operator=(DStatusWnd const& other);
 
     void SetText(DName const& text);
 };
@@ -122,7 +122,7 @@ class TESSIK_API DProgressBar : public DIBasics {
 public:
     DProgressBar(DWORD const& low = 0, DWORD const& high = 0, HWND const& parent = nullptr,
                  int const& id = -1);
-    DProgressBar& operator=(DProgressBar const& other) = default;
+    DProgressBar& operator=(DProgressBar const& other);
 
     void SetPos(DWORD const& position, int const& id) const;
     DWORD GetRange(int const& id) const; // the upper end
@@ -148,7 +148,7 @@ public:
     DWORD gridColour;         // light grey
 
     DListControl(HWND const& parent = nullptr, int const& id = -1);
-    DListControl& operator=(DListControl const& other) = default;
+    DListControl& operator=(DListControl const& other);
 
     void Reset();       // drops every row, and the icons
     bool CreateIcons(); // makes the icons that SetImage cells show
@@ -179,22 +179,27 @@ public:
 class TESSIK_API DCheckBox : public DPlainControl<DIBasics::checkBoxKind> {
 public:
     using DPlainControl::DPlainControl;
+    DCheckBox& operator=(DCheckBox const& other);
 };
 class TESSIK_API DComboBox : public DPlainControl<DIBasics::comboBoxKind> {
 public:
     using DPlainControl::DPlainControl;
+    DComboBox& operator=(DComboBox const& other);
 };
 class TESSIK_API DListBox : public DPlainControl<DIBasics::listBoxKind> {
 public:
     using DPlainControl::DPlainControl;
+    DListBox& operator=(DListBox const& other);
 };
 class TESSIK_API DSlider : public DPlainControl<DIBasics::sliderKind> {
 public:
     using DPlainControl::DPlainControl;
+    DSlider& operator=(DSlider const& other);
 };
 class TESSIK_API DStatic : public DPlainControl<DIBasics::staticKind> {
 public:
     using DPlainControl::DPlainControl;
+    DStatic& operator=(DStatic const& other);
 };
 
 class TESSIK_API DButton : public DIBasics {
@@ -202,7 +207,7 @@ public:
     DWORD command; // command id sent on a click, 0
 
     DButton(HWND const& parent = nullptr, int const& id = -1);
-    DButton& operator=(DButton const& other) = default;
+    DButton& operator=(DButton const& other);
 };
 
 class TESSIK_API DMenu : public DIBasics {
@@ -210,7 +215,7 @@ public:
     DWORD menuFlags; // menu item flags, 0
 
     DMenu(char const* text = nullptr, HWND const& parent = nullptr); // shows text
-    DMenu& operator=(DMenu const& other) = default;
+    DMenu& operator=(DMenu const& other);
 };
 
 class TESSIK_API DPopup : public DIBasics {
@@ -218,7 +223,7 @@ public:
     DWORD alignment; // where the popup opens relative to the cursor, 0: its top left corner
 
     DPopup(HWND const& parent = nullptr, int const& id = -1);
-    DPopup& operator=(DPopup const& other) = default;
+    DPopup& operator=(DPopup const& other);
 };
 
 class TESSIK_API DTabControl : public DIBasics {
@@ -226,7 +231,7 @@ public:
     DWORD selectedTab; // 0
 
     DTabControl(HWND const& parent = nullptr, int const& id = -1);
-    DTabControl& operator=(DTabControl const& other) = default;
+    DTabControl& operator=(DTabControl const& other);
 };
 
 class TESSIK_API DToolTip : public DIBasics {
@@ -234,7 +239,7 @@ public:
     DWORD delay; // milliseconds before the tip shows, 500
 
     DToolTip(HWND const& parent = nullptr, int const& id = -1);
-    DToolTip& operator=(DToolTip const& other) = default;
+    DToolTip& operator=(DToolTip const& other);
 };
 
 class TESSIK_API DMsgBox : public DIBasics {
@@ -243,7 +248,7 @@ public:
 
     DMsgBox(HWND const& parent = nullptr, int const& id = -1);
     DMsgBox(DMsgBox const& other); // a window of its own, under the same parent
-    DMsgBox& operator=(DMsgBox const& other) = default;
+    DMsgBox& operator=(DMsgBox const& other);
 };
 
 class TESSIK_API DSystemTray : public DIBasics {
@@ -252,7 +257,7 @@ public:
 
     DSystemTray(HWND const& parent = nullptr, HICON const& icon = nullptr,
                 DName const& tip = DName(0), unsigned int const& id = 0); // shows tip
-    DSystemTray& operator=(DSystemTray const& other) = default;
+    DSystemTray& operator=(DSystemTray const& other);
 
     HICON Icon() const;
 };

@@ -52,6 +52,17 @@ public:
     DName ExtractFilename(WIN32_FIND_DATAA const& data) const;
     DName GetFileName() const;
 
+    // Path forms. The parent is the directory of `path` (of `fullPath` when `path` is empty):
+    // a file's path loses its last component, a directory or a missing path stays whole.
+    // Short and long forms fall back to the path itself; IsWildCard matches the whole path,
+    // case-sensitively, with `?` and `*` (the first occurrence after a star, no backtracking).
+    DName GetParentPath(DName const& path) const;
+    DName GetOldStyle() const;
+    DName GetNewStyle() const;
+    DName GetOldFullPath() const; // the last component of the short form
+    DName GetNewFullPath() const; // the last component of the long form
+    bool IsWildCard(DName const& pattern);
+
     // Accessors; references follow later changes of the field.
     DName const& GetFullPath() const;
     DName const& GetKey() const;

@@ -209,10 +209,81 @@ public:
     bool DrawFile(DFile const& file, unsigned int const& row);
     bool DrawAllFiles(int const& first, int const& last);
 
+    // ---- Stored form, text report, look-ups ------------------------------------------------
+    // The stored form of a listing: the record count, then each record's stream form, in list
+    // order. Write gives every record a new key. Read empties the listing first (and resets and
+    // redraws an attached list control); on a failure it keeps the records read so far.
+    bool Write(FileOper& file);
+    bool Read(FileOper& file);
+    bool operator>>(FileOper& file); // Write
+    bool operator<<(FileOper& file); // Read
+    // Reads a stored listing from the stream's position, record by record, up to the first whose
+    // path is `name`; `record` holds the last record read. Uses no field of the object.
+    bool ReadFind(FileOper& file, DName const& name, DFile& record);
+    // A readable report: a header of column titles, then each record's block.
+    bool TextWrite(FileOper& file);
+    // The record at `index` as one line of aligned columns (those of the list control's report
+    // style, all without a control), no line end; empty past the end.
+    DName Format(unsigned int const& index) const;
+    // Positions of the first record with that path, or with that last component; -1 for none.
+    int FindPos(DName const& name) const;
+    int FindByLong(DName const& name) const;
+    int FindByFilename(DName const& name) const;
+    // Copies into `differences` (a third object, emptied first) the records of `other` that
+    // this listing lacks by DFile::operator==. True when there is at least one.
+    bool FindDifferences(DFileLoad const& other, DFileLoad& differences);
+
+    // ---- Directory operations and browsing ------------------------------------------------
+    // On the disk, never on `files`. Free room of the current directory's drive in 64 KiB units;
+    // Remove deletes a file (read-only too) or an empty directory; MakeSingleDir and MakeDir
+    // create and enter, and leave the current directory there.
+    DName const& GetWorkPath() const;
+    DWORD GetDiskFreeSpaceA() const;
+    bool Remove(DName const& path) const;
+    bool MakeSingleDir(DName const& path) const;
+    bool MakeDir(DName const& path) const;
+    bool RemoveDir(DName const& path) const;
+
+    // The browse dialogs and their state. A filter is double-zero terminated; an empty one
+    // means the default filter, an empty title the default title.
+    bool SetBrowseDir(DName const& dir);
+    bool SetBrowseFilter(char const* filter);
+    void SetBrowseTitle(DName const& title);
+    DName const& GetBrowseDir() const;
+    DName const& GetBrowseTitle() const;
+    DName const& GetBrowseFilter() const;
+    DWORD const& GetBrowseFlags() const;
+    DWORD const& GetBrowseIndex() const;
+    unsigned int const& GetBrowseTotal() const;
+    // The name at `index`; at or past the total, the browse directory.
+    DName const& GetBrowseFilename(unsigned int const& index) const;
+    DName GetBrowseFullFilename(unsigned int const& index) const;
+    bool BrowseForFile(char const* filter); // true when the user confirmed
+    bool BrowseForDir(HWND const& owner);   // the chosen path is GetBrowseFilename(0)
+
+    void SetFlagMultiSelection();
+    void SetFlagNoMultiSelection();
+    void SetFlagNoReadOnly();
+    void SetFlagReadOnly();
+    void SetFlagNoFileCreation();
+    void SetFlagFileCreation();
+    void SetFlagExplorerStyle();
+    void SetFlagNonExplorerStyle();
+    void SetDBFOnlyDirs();
+    void SetDBFNoOnlyDirs();
+    void SetDBFIncludeFiles();
+    void SetDBFNoIncludeFiles();
+    void SetDBFEditBox();
+    void SetDBFNoEditBox();
+    void SetDBFNewDirs(); // these four change nothing
+    void SetDBFNoNewDirs();
+    void SetDBFNewDialogStyle();
+    void SetDBFNoNewDialogStyle();
+
 private:
     enum class SearchStep { Done, Stopped, OutOfMemory };
     SearchStep SearchDirectory(DirectoryListingSpec const& work, bool recursive,
-                               Container<DName>& queue, SearchFeedback& feedback);
+                               Container<DName>& queue, SearchFeedback& feedback, DWORD& unlisted);
     bool ContainsTerms(DirectoryListingSpec const& spec, DFile const& file);
     bool FindContaining(char const* buffer, unsigned int const& length,
                         DirectoryListingSpec const& spec, Link<bool>& found);

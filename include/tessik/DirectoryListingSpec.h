@@ -67,6 +67,12 @@ public:
     bool isEmpty() const;
     bool operator!() const;
 
+    // The stored form: the magic 0x28018293, the lists, streamByte, the text to find in radix-16
+    // form and a fixed block of 47 bytes. Read accepts the one magic only and stops at the first
+    // field that cannot be read, keeping the fields read until then.
+    bool Write(FileOper& file);
+    bool Read(FileOper& file);
+
 private:
     void Clear();
 };

@@ -20,8 +20,10 @@ public:
     FileOper(FileOper const* other = nullptr); // a closed stream, whatever `other` is
     FileOper(char const* path, bool create);
     ~FileOper();
-    FileOper(FileOper const&) = delete;
-    FileOper& operator=(FileOper const&) = delete;
+    // An open file is never shared: a copy is a closed stream, and an assignment closes the
+    // target's own stream (writing out what it holds) and leaves it closed.
+    FileOper(FileOper const& other);
+    FileOper& operator=(FileOper const& other);
 
     void Close();
     bool isOpen() const;
@@ -45,6 +47,7 @@ public:
 
 private:
     bool Fill(std::uint64_t at);
+    bool ReadRest(char* target, DWORD& got);
     bool SeekTo(std::uint64_t at);
     bool WriteOut(void const* data, DWORD size);
 

@@ -68,4 +68,36 @@ TESSIK_API bool HeadlessFailGetDC(HWND window, bool fail);
 // "System", height 16, width 7, weight 700.
 TESSIK_API bool HeadlessFontOf(HFONT font, HeadlessFont* description);
 
+// ---- Disk room and the common dialogs ----
+// While `bytes` is not null, GetDiskFreeSpaceExA answers *bytes as the room available to the
+// caller for every root, 1 GiB more as the free room and 2 GiB more as the size; null goes
+// back to statvfs.
+TESSIK_API void HeadlessSetDiskRoom(std::uint64_t const* bytes);
+
+// Scripted answers, taken oldest first, one per call of the dialog; with none queued the user
+// cancels. The open-file dialog writes `length` bytes of `names` (zeros included: the caller
+// gives the closing zeros) into lpstrFile and `filterIndex` into nFilterIndex; names that do
+// not fit nMaxFile make the call fail. A folder answer writes `displayName` into
+// pszDisplayName; `path` is what SHGetPathFromIDListA gives for the item, and null makes an
+// item without a file-system path. False when memory runs out.
+TESSIK_API bool HeadlessQueueOpenFile(char const* names, unsigned length, DWORD filterIndex);
+TESSIK_API bool HeadlessQueueOpenFileCancel();
+TESSIK_API bool HeadlessQueueFolder(char const* displayName, char const* path);
+TESSIK_API bool HeadlessQueueFolderCancel();
+// Empties both queues and forgets the last structures.
+TESSIK_API void HeadlessClearDialogs();
+
+// The last structure each dialog was given, as it came in. Its pointers lead to copies that
+// the backend keeps until the next call of that dialog: the filter up to its double zero, the
+// two name buffers (nMaxFile and nMaxFileTitle bytes), the texts up to their zero. False before
+// the first call.
+TESSIK_API bool HeadlessLastOpenFile(OPENFILENAMEA* given);
+TESSIK_API bool HeadlessLastFolder(BROWSEINFOA* given);
+
+// While set, SHGetMalloc fails. Item lists given out and not yet freed are counted.
+TESSIK_API void HeadlessFailShellAllocator(bool fail);
+TESSIK_API unsigned HeadlessItemListsOut();
+// The window GetActiveWindow gives; null at first.
+TESSIK_API void HeadlessSetActiveWindow(HWND window);
+
 #endif

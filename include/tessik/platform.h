@@ -9,6 +9,7 @@
 
 #include <tessik/export.h>
 
+#include <cstddef>
 #include <cstdint>
 
 #if defined(_WIN32)
@@ -38,6 +39,11 @@ inline int msvcrt_rand() {
 }
 inline void msvcrt_srand(unsigned seed) {
     srand(seed);
+}
+// `count` values into `values`, exactly as `count` calls of rand give them.
+inline void msvcrt_rand_many(int* values, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i)
+        values[i] = rand();
 }
 
 #else
@@ -126,6 +132,16 @@ TESSIK_API BOOL FindClose(HANDLE find);
 TESSIK_API DWORD GetCurrentDirectoryA(DWORD size, char* buffer);
 TESSIK_API BOOL SetCurrentDirectoryA(char const* path);
 TESSIK_API DWORD GetFileAttributesA(char const* path);
+
+// Why the last FindFirstFileA or FindNextFileA of this thread failed (the posix backend sets it
+// nowhere else). A name whose Windows form does not fit cFileName fails FindNextFileA with
+// ERROR_FILENAME_EXCED_RANGE; the next call goes on with the entry after it.
+#define ERROR_FILE_NOT_FOUND 2
+#define ERROR_PATH_NOT_FOUND 3
+#define ERROR_NOT_ENOUGH_MEMORY 8
+#define ERROR_NO_MORE_FILES 18
+#define ERROR_FILENAME_EXCED_RANGE 206
+TESSIK_API DWORD GetLastError();
 
 // ---- Files ----------------------------------------------------------------------------------
 // CreateFileA opens only regular files: a FIFO, socket or device, and any file on a kernel
@@ -265,8 +281,142 @@ TESSIK_API int _memicmp(void const* a, void const* b, std::size_t n);
 // state = state * 214013 + 2531011, result (state >> 16) & 0x7FFF; each thread starts at 1.
 TESSIK_API int msvcrt_rand();
 TESSIK_API void msvcrt_srand(unsigned seed);
+// `count` values into `values`, exactly as `count` calls of msvcrt_rand give them, leaving the
+// generator where those calls would; faster than the calls.
+TESSIK_API void msvcrt_rand_many(int* values, std::size_t count);
 // ---- end runtime ----
 
 #endif
+
+// ---- Disk room, file system changes, path forms and the common dialogs ----------------------
+#if defined(_WIN32)
+
+#include <io.h>
+
+#else
+
+typedef unsigned int UINT;
+typedef DWORD ULONG;
+typedef unsigned short USHORT;
+typedef std::int32_t HRESULT;
+typedef std::uintptr_t UINT_PTR;
+typedef std::uintptr_t WPARAM;
+typedef std::intptr_t LPARAM;
+
+#define S_OK 0
+#define E_FAIL (static_cast<HRESULT>(0x80004005u))
+#define SUCCEEDED(result) (static_cast<HRESULT>(result) >= 0)
+
+// statvfs of the file system that holds the root's POSIX path: the bytes available to the
+// caller (f_bavail), in all (f_blocks) and free (f_bfree), each times f_frsize. Any of the three
+// places may be null; a null root is the current directory.
+TESSIK_API BOOL GetDiskFreeSpaceExA(char const* root, ULARGE_INTEGER* freeToCaller,
+                                    ULARGE_INTEGER* total, ULARGE_INTEGER* totalFree);
+// FILE_ATTRIBUTE_READONLY clears the owner write bit, its absence sets it; the other bits are
+// accepted and ignored. A symbolic link is left as it is (never followed). FALSE when missing.
+TESSIK_API BOOL SetFileAttributesA(char const* path, DWORD attributes);
+TESSIK_API int _unlink(char const* path); // -1 on failure, for a directory too
+TESSIK_API BOOL CreateDirectoryA(char const* path, void* security); // mkdir(path, 0777)
+TESSIK_API BOOL RemoveDirectoryA(char const* path);                 // rmdir
+// The emulated volume makes no 8.3 names, so both give the path back as it stands when it
+// exists: its length when it fits `size` with its zero; else the size it needs, zero included,
+// with the buffer untouched. 0 when the path does not exist.
+TESSIK_API DWORD GetShortPathNameA(char const* path, char* buffer, DWORD size);
+TESSIK_API DWORD GetLongPathNameA(char const* path, char* buffer, DWORD size);
+
+// The common dialogs answer from the scripted queues of <tessik/headless.h>; with nothing
+// queued the user cancels.
+
+#define OFN_READONLY 0x1
+#define OFN_HIDEREADONLY 0x4
+#define OFN_SHOWHELP 0x10
+#define OFN_ALLOWMULTISELECT 0x200
+#define OFN_PATHMUSTEXIST 0x800
+#define OFN_FILEMUSTEXIST 0x1000
+#define OFN_NOREADONLYRETURN 0x8000
+#define OFN_NONETWORKBUTTON 0x20000
+#define OFN_EXPLORER 0x80000
+#define OFN_LONGNAMES 0x200000
+#define OFN_ENABLESIZING 0x800000
+#define BIF_RETURNONLYFSDIRS 0x1
+#define BIF_EDITBOX 0x10
+#define BIF_BROWSEINCLUDEFILES 0x4000
+
+typedef UINT_PTR (*LPOFNHOOKPROC)(HWND, UINT, WPARAM, LPARAM);
+
+struct OPENFILENAMEA {
+    DWORD lStructSize;
+    HWND hwndOwner;
+    HINSTANCE hInstance;
+    char const* lpstrFilter;
+    char* lpstrCustomFilter;
+    DWORD nMaxCustFilter;
+    DWORD nFilterIndex;
+    char* lpstrFile;
+    DWORD nMaxFile;
+    char* lpstrFileTitle;
+    DWORD nMaxFileTitle;
+    char const* lpstrInitialDir;
+    char const* lpstrTitle;
+    DWORD Flags;
+    WORD nFileOffset;
+    WORD nFileExtension;
+    char const* lpstrDefExt;
+    LPARAM lCustData;
+    LPOFNHOOKPROC lpfnHook;
+    char const* lpTemplateName;
+    void* pvReserved;
+    DWORD dwReserved;
+    DWORD FlagsEx;
+};
+
+struct SHITEMID {
+    USHORT cb;
+    BYTE abID[1];
+};
+struct ITEMIDLIST {
+    SHITEMID mkid;
+};
+typedef ITEMIDLIST* LPITEMIDLIST;
+typedef ITEMIDLIST const* LPCITEMIDLIST;
+typedef int (*BFFCALLBACK)(HWND, UINT, LPARAM, LPARAM);
+
+struct BROWSEINFOA {
+    HWND hwndOwner;
+    LPCITEMIDLIST pidlRoot;
+    char* pszDisplayName;
+    char const* lpszTitle;
+    UINT ulFlags;
+    BFFCALLBACK lpfn;
+    LPARAM lParam;
+    int iImage;
+};
+
+// The shell's allocator, as SHGetMalloc hands it out: Free takes back an item list that
+// SHBrowseForFolderA gave, Release ends this use of the allocator. No virtual operations: the
+// same calls read alike on the COM interface of Windows.
+class TESSIK_API IMalloc {
+public:
+    void Free(void* block);
+    ULONG Release();
+};
+
+// Non-zero when the user confirmed: lpstrFile then holds a full path, or (with several names) a
+// directory and bare names, zero-separated in the Explorer form, blank-separated without it.
+// 0 when cancelled or when the answer does not fit nMaxFile.
+TESSIK_API BOOL GetOpenFileNameA(OPENFILENAMEA* dialog);
+// An item list, freed by the shell's allocator; null when cancelled. The item's display name
+// goes to pszDisplayName (MAX_PATH bytes at most).
+TESSIK_API LPITEMIDLIST SHBrowseForFolderA(BROWSEINFOA* dialog);
+// The item's path into `path` (MAX_PATH bytes); FALSE, with `path` untouched, for an item
+// without a file-system path.
+TESSIK_API BOOL SHGetPathFromIDListA(LPCITEMIDLIST list, char* path);
+TESSIK_API HRESULT SHGetMalloc(IMalloc** allocator);     // E_FAIL and null when made to fail
+TESSIK_API void CoTaskMemFree(void* block);              // the same as the allocator's Free
+TESSIK_API HWND GetActiveWindow();                       // null unless a test set one
+TESSIK_API HINSTANCE GetModuleHandleA(char const* name); // the program for null, else null
+
+#endif
+// ---- end disk room, file system changes, path forms and dialogs ----
 
 #endif

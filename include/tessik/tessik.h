@@ -9,7 +9,9 @@
 #include <tessik/Link.h>
 
 #include <tessik/DName.h>
+#include <tessik/DRect.h>
 #include <tessik/FileOper.h>
+#include <tessik/ShortName.h>
 
 #include <tessik/Controls.h>
 

@@ -42,19 +42,14 @@ DWORD AttributesOf(unsigned mode, char const* baseName) {
     return attributes ? attributes : FILE_ATTRIBUTE_NORMAL;
 }
 
-void CopyName(char (&target)[MAX_PATH], char const* name) {
-    std::size_t const length = strnlen(name, MAX_PATH - 1);
-    std::memcpy(target, name, length);
-    target[length] = 0;
-}
-
 } // namespace
 
-bool ReadEntry(int dirFd, char const* name, char const* baseName, WIN32_FIND_DATAA& data) {
+bool ReadEntry(int dirFd, char const* path, int flags, char const* baseName,
+               WIN32_FIND_DATAA& data) {
     struct statx status;
     unsigned const wanted =
         STATX_TYPE | STATX_MODE | STATX_SIZE | STATX_ATIME | STATX_MTIME | STATX_BTIME;
-    if (statx(dirFd, name, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, wanted, &status) != 0)
+    if (statx(dirFd, path, flags | AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, wanted, &status) != 0)
         return false;
     data.dwFileAttributes = AttributesOf(status.stx_mode, baseName);
     data.ftLastWriteTime = ToFileTime(status.stx_mtime);
@@ -64,7 +59,6 @@ bool ReadEntry(int dirFd, char const* name, char const* baseName, WIN32_FIND_DAT
     std::uint64_t const size = S_ISREG(status.stx_mode) ? status.stx_size : 0;
     data.nFileSizeHigh = static_cast<DWORD>(size >> 32);
     data.nFileSizeLow = static_cast<DWORD>(size & 0xFFFFFFFF);
-    CopyName(data.cFileName, baseName);
     data.cAlternateFileName[0] = 0;
     return true;
 }

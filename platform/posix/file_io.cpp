@@ -1,8 +1,8 @@
 // Win32 file I/O over POSIX descriptors.
 //
 // A file HANDLE is a heap object holding the descriptor. Only regular files open: anything else
-// is refused before it is opened where a stat can tell, and again after it (a name can change in
-// between), and the open itself never waits (O_NONBLOCK until the file is known to be regular).
+// is refused before it is opened, and the open itself never waits (O_NONBLOCK). A link in the
+// last component is never followed (O_NOFOLLOW).
 #define _FILE_OFFSET_BITS 64
 
 #include <tessik/platform.h>
@@ -96,12 +96,8 @@ bool OnPseudoFileSystem(int fd, struct stat const& info) {
     return lastAnswer;
 }
 
-bool IsUsableFile(int fd, struct stat& info) {
-    return fstat(fd, &info) == 0 && S_ISREG(info.st_mode) && !OnPseudoFileSystem(fd, info);
-}
-
 int OpenFlags(DWORD access, DWORD disposition) {
-    int flags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+    int flags = O_CLOEXEC | O_NOCTTY | O_NONBLOCK | O_NOFOLLOW;
     bool reads = (access & GENERIC_READ) != 0;
     bool writes = (access & GENERIC_WRITE) != 0;
     if (reads && writes)
@@ -115,27 +111,32 @@ int OpenFlags(DWORD access, DWORD disposition) {
     return flags;
 }
 
-// Refuses what already exists and is not a regular file, without opening it.
-bool MayOpen(std::string const& path, DWORD disposition) {
-    struct stat info;
-    if (stat(path.c_str(), &info) == 0)
-        return S_ISREG(info.st_mode);
-    return disposition == CREATE_ALWAYS && errno == ENOENT;
+// What the name stands for now, without following a link: false when it is missing.
+bool LookAt(posix::PathAnchor const& anchor, struct stat& info) {
+    return fstatat(anchor.Dir(), anchor.Rest(), &info, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
-// O_NONBLOCK stays set: it only kept the open from waiting, and has no effect on the reads and
-// writes of a regular file.
+// What exists and is not a regular file (a link too) is refused before it is opened, so the
+// open of a device never acts. A name taken over between the look and the open cannot make a
+// reader wait either: O_NONBLOCK stays set (it has no effect on a regular file), a FIFO or
+// directory then fails its reads, and a link fails the open (O_NOFOLLOW). So an existing file
+// is not looked at again; one made here is, for its file system.
 int OpenRegular(std::string const& path, DWORD access, DWORD disposition, std::int64_t& size) {
-    if (!MayOpen(path, disposition))
+    posix::PathAnchor const anchor(path);
+    struct stat info;
+    if (!anchor.Reached())
+        return -1;
+    bool const existed = LookAt(anchor, info);
+    if (existed ? !S_ISREG(info.st_mode) : (disposition != CREATE_ALWAYS || errno != ENOENT))
         return -1;
     int fd;
     do
-        fd = open(path.c_str(), OpenFlags(access, disposition), 0666);
+        fd = openat(anchor.Dir(), anchor.Rest(), OpenFlags(access, disposition), 0666);
     while (fd < 0 && errno == EINTR);
     if (fd < 0)
         return -1;
-    struct stat info;
-    bool ready = IsUsableFile(fd, info);
+    bool ready = (existed || (fstat(fd, &info) == 0 && S_ISREG(info.st_mode))) &&
+                 !OnPseudoFileSystem(fd, info);
     if (ready && disposition == CREATE_ALWAYS)
         ready = ftruncate(fd, 0) == 0;
     if (!ready) {

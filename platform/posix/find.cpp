@@ -1,22 +1,47 @@
 // Directory enumeration, attributes and the current directory, with Windows paths on drive Z:.
+//
+// An enumeration reads the directory's entries with getdents64 into a buffer of its own and
+// looks at each with one statx relative to the open directory. "." and ".." come first, as on
+// Windows: "." from the open directory itself, ".." with the same record (no call is made for
+// it), and the names the directory itself holds for them are passed over.
 #include "platform/posix/entry_info.h"
 #include "platform/posix/path_mapping.h"
 
 #include <cerrno>
+#include <climits>
 #include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
+#include <memory>
 #include <new>
 #include <string>
 #include <unistd.h>
 
 namespace {
 
+thread_local DWORD lastError = 0;
+
 struct FindState {
-    DIR* dir;
-    std::string pattern;
+    int fd;              // the open directory; -1 for a single entry
+    std::string pattern; // the last component of the pattern, in Windows form
     bool matchesAll;
+    int dotsGiven; // how many of "." and ".." have had their turn
+    WIN32_FIND_DATAA dot;
+    long fill; // bytes of `entries` that getdents64 gave, and where the next entry starts
+    long next;
+    alignas(8) char entries[32768];
 };
+
+enum class Step { Found, End, NameTooLong };
+
+// The state of the last enumeration closed on this thread, kept for the next one: a search
+// opens one directory after the other, and the entry buffer is too large to take anew each
+// time.
+thread_local std::unique_ptr<FindState> spare;
+
+FindState* NewState() {
+    return spare ? spare.release() : new (std::nothrow) FindState;
+}
 
 bool HasWildcard(std::string const& name) {
     return name.find_first_of("*?") != std::string::npos;
@@ -33,7 +58,7 @@ std::string BaseName(std::string const& path) {
 }
 
 // Splits a Windows pattern into its directory (as a POSIX path, "." for the current one) and
-// its last component.
+// its last component, still in Windows form.
 bool SplitPattern(char const* pattern, std::string& directory, std::string& name) {
     std::string const text(pattern);
     std::size_t cut = text.find_last_of("\\/");
@@ -51,22 +76,39 @@ bool SplitPattern(char const* pattern, std::string& directory, std::string& name
         directory = ".";
         return true;
     }
-    if (!posix::ToPosixPath(windowsDir.c_str(), directory))
-        return false;
-    if (directory.empty())
-        directory = ".";
-    return true;
+    return posix::ToPosixPath(windowsDir.c_str(), directory);
 }
 
-bool NextMatch(FindState& state, WIN32_FIND_DATAA& data) {
-    int const dirFd = dirfd(state.dir);
-    while (dirent* entry = readdir(state.dir)) {
-        if (!state.matchesAll && !PathMatchSpecA(entry->d_name, state.pattern.c_str()))
-            continue;
-        if (posix::ReadEntry(dirFd, entry->d_name, entry->d_name, data))
-            return true; // an entry that vanished since readdir is passed over
+bool Matches(FindState const& state, char const* windowsName) {
+    return state.matchesAll || PathMatchSpecA(windowsName, state.pattern.c_str());
+}
+
+Step NextMatch(FindState& state, WIN32_FIND_DATAA& data) {
+    while (state.dotsGiven < 2) {
+        char const* dots = state.dotsGiven++ == 0 ? "." : "..";
+        if (Matches(state, dots)) {
+            data = state.dot;
+            std::strcpy(data.cFileName, dots);
+            return Step::Found;
+        }
     }
-    return false;
+    for (;;) {
+        if (state.next >= state.fill) {
+            state.fill = getdents64(state.fd, state.entries, sizeof state.entries);
+            state.next = 0;
+            if (state.fill <= 0)
+                return Step::End;
+        }
+        dirent64 const* entry = reinterpret_cast<dirent64 const*>(state.entries + state.next);
+        state.next += entry->d_reclen;
+        char const* name = entry->d_name;
+        if (name[0] == '.' && (!name[1] || (name[1] == '.' && !name[2])))
+            continue;
+        if (!posix::ToWindowsName(name, data.cFileName, MAX_PATH))
+            return Step::NameTooLong;
+        if (Matches(state, data.cFileName) && posix::ReadEntry(state.fd, name, 0, name, data))
+            return Step::Found; // an entry that vanished since it was read is passed over
+    }
 }
 
 FindState* AsState(HANDLE find) {
@@ -75,59 +117,98 @@ FindState* AsState(HANDLE find) {
     return static_cast<FindState*>(find);
 }
 
+HANDLE Fail(DWORD error) {
+    lastError = error;
+    return INVALID_HANDLE_VALUE;
+}
+
+HANDLE FindOne(std::string const& directory, std::string const& windowsName,
+               WIN32_FIND_DATAA& data) {
+    std::string const name = posix::ToPosixName(windowsName.data(), windowsName.size());
+    std::string const path = directory == "." ? name : directory + "/" + name;
+    posix::PathAnchor const anchor(path);
+    if (!posix::ToWindowsName(name.c_str(), data.cFileName, MAX_PATH))
+        return Fail(ERROR_FILENAME_EXCED_RANGE);
+    if (!anchor.Reached() || !posix::ReadEntry(anchor.Dir(), anchor.Rest(), 0, name.c_str(), data))
+        return Fail(ERROR_FILE_NOT_FOUND);
+    FindState* single = NewState();
+    if (!single)
+        return Fail(ERROR_NOT_ENOUGH_MEMORY);
+    single->fd = -1;
+    return single;
+}
+
 } // namespace
 
 HANDLE FindFirstFileA(char const* pattern, WIN32_FIND_DATAA* data) {
-    if (!pattern || !*pattern || !data)
-        return INVALID_HANDLE_VALUE;
     std::string directory, name;
-    if (!SplitPattern(pattern, directory, name) || name.empty())
-        return INVALID_HANDLE_VALUE;
+    if (!pattern || !*pattern || !data || !SplitPattern(pattern, directory, name) || name.empty())
+        return Fail(ERROR_FILE_NOT_FOUND);
+    if (!HasWildcard(name))
+        return FindOne(directory, name, *data);
 
-    if (!HasWildcard(name)) {
-        std::string const path = directory == "." ? name : directory + "/" + name;
-        if (!posix::ReadEntry(AT_FDCWD, path.c_str(), name.c_str(), *data))
-            return INVALID_HANDLE_VALUE;
-        FindState* single = new (std::nothrow) FindState{nullptr, std::string(), false};
-        return single ? single : INVALID_HANDLE_VALUE;
-    }
-
-    DIR* dir = opendir(directory.c_str());
-    if (!dir)
-        return INVALID_HANDLE_VALUE;
-    FindState* state = new (std::nothrow) FindState{dir, name, name == "*" || name == "*.*"};
+    posix::PathAnchor const anchor(directory);
+    int const fd = anchor.Reached()
+                       ? openat(anchor.Dir(), anchor.Rest(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)
+                       : -1;
+    if (fd < 0)
+        return Fail(ERROR_PATH_NOT_FOUND);
+    FindState* state = NewState();
     if (!state) {
-        closedir(dir);
-        return INVALID_HANDLE_VALUE;
+        close(fd);
+        return Fail(ERROR_NOT_ENOUGH_MEMORY);
     }
-    if (!NextMatch(*state, *data)) {
+    state->fd = fd;
+    state->pattern = name;
+    state->matchesAll = name == "*" || name == "*.*";
+    state->dotsGiven = 0;
+    state->fill = state->next = 0;
+    if (!posix::ReadEntry(fd, "", AT_EMPTY_PATH, ".", state->dot)) {
         FindClose(state);
-        return INVALID_HANDLE_VALUE;
+        return Fail(ERROR_PATH_NOT_FOUND);
+    }
+    Step const first = NextMatch(*state, *data);
+    if (first != Step::Found) {
+        FindClose(state);
+        return Fail(first == Step::End ? ERROR_FILE_NOT_FOUND : ERROR_FILENAME_EXCED_RANGE);
     }
     return state;
 }
 
 BOOL FindNextFileA(HANDLE find, WIN32_FIND_DATAA* data) {
     FindState* state = AsState(find);
-    if (!state || !state->dir || !data)
+    if (!state || state->fd < 0 || !data) {
+        lastError = ERROR_NO_MORE_FILES;
         return FALSE;
-    return NextMatch(*state, *data) ? TRUE : FALSE;
+    }
+    Step const step = NextMatch(*state, *data);
+    if (step == Step::Found)
+        return TRUE;
+    lastError = step == Step::End ? ERROR_NO_MORE_FILES : ERROR_FILENAME_EXCED_RANGE;
+    return FALSE;
 }
 
 BOOL FindClose(HANDLE find) {
     FindState* state = AsState(find);
     if (!state)
         return FALSE;
-    if (state->dir)
-        closedir(state->dir);
-    delete state;
+    if (state->fd >= 0)
+        close(state->fd);
+    if (spare)
+        delete state;
+    else
+        spare.reset(state);
     return TRUE;
 }
 
+DWORD GetLastError() {
+    return lastError;
+}
+
 DWORD GetCurrentDirectoryA(DWORD size, char* buffer) {
-    std::string cwd(256, '\0');
+    std::string cwd(PATH_MAX, '\0');
     while (!getcwd(cwd.data(), cwd.size())) {
-        if (errno != ERANGE || cwd.size() > (1u << 20))
+        if (errno != ERANGE || cwd.size() > (1u << 24))
             return 0;
         cwd.resize(cwd.size() * 2);
     }
@@ -144,19 +225,26 @@ BOOL SetCurrentDirectoryA(char const* path) {
     std::string target;
     if (!path || !*path || !posix::ToPosixPath(path, target))
         return FALSE;
-    if (target.empty())
-        return TRUE; // the drive alone: the current directory of drive Z:
-    return chdir(target.c_str()) == 0 ? TRUE : FALSE;
+    if (target.size() < PATH_MAX)
+        return chdir(target.c_str()) == 0 ? TRUE : FALSE;
+    posix::PathAnchor const anchor(target);
+    int const fd = anchor.Reached()
+                       ? openat(anchor.Dir(), anchor.Rest(), O_PATH | O_DIRECTORY | O_CLOEXEC)
+                       : -1;
+    bool const changed = fd >= 0 && fchdir(fd) == 0;
+    if (fd >= 0)
+        close(fd);
+    return changed ? TRUE : FALSE;
 }
 
 DWORD GetFileAttributesA(char const* path) {
     std::string target;
     if (!path || !*path || !posix::ToPosixPath(path, target))
         return INVALID_FILE_ATTRIBUTES;
-    if (target.empty())
-        target = ".";
+    posix::PathAnchor const anchor(target);
     WIN32_FIND_DATAA data;
-    if (!posix::ReadEntry(AT_FDCWD, target.c_str(), BaseName(target).c_str(), data))
+    if (!anchor.Reached() ||
+        !posix::ReadEntry(anchor.Dir(), anchor.Rest(), 0, BaseName(target).c_str(), data))
         return INVALID_FILE_ATTRIBUTES;
     return data.dwFileAttributes;
 }

@@ -17,6 +17,27 @@ constexpr FoldTable fold;
 // One generator per thread, each starting at 1, as the Windows runtime keeps it.
 thread_local DWORD randState = 1;
 
+constexpr DWORD randMultiplier = 214013u;
+constexpr DWORD randIncrement = 2531011u;
+
+// The step state * multiplier + increment, taken `steps` times, is itself one step
+// state * multiplier' + increment' (all modulo 2^32).
+struct RandStep {
+    DWORD multiplier;
+    DWORD increment;
+};
+
+constexpr RandStep RandSteps(unsigned steps) {
+    RandStep step = {1, 0};
+    for (unsigned i = 0; i < steps; ++i)
+        step = {step.multiplier * randMultiplier, step.increment * randMultiplier + randIncrement};
+    return step;
+}
+
+int RandValue(DWORD state) {
+    return static_cast<int>(state >> 16 & 0x7FFF);
+}
+
 } // namespace
 
 // Folds to lower case, as the Windows runtime does: '_' sorts before letters.
@@ -36,8 +57,35 @@ int _memicmp(void const* a, void const* b, std::size_t n) {
 }
 
 int msvcrt_rand() {
-    randState = randState * 214013u + 2531011u;
-    return static_cast<int>(randState >> 16 & 0x7FFF);
+    randState = randState * randMultiplier + randIncrement;
+    return RandValue(randState);
+}
+
+// Eight lanes, each eight steps of the generator at a time: lane j holds the state of value
+// i + j, so the eight multiply-adds of a round are independent of each other.
+void msvcrt_rand_many(int* values, std::size_t count) {
+    constexpr unsigned lanes = 8;
+    constexpr RandStep round = RandSteps(lanes);
+    DWORD state = randState;
+    std::size_t i = 0;
+    if (count >= lanes) {
+        DWORD lane[lanes];
+        for (unsigned j = 0; j < lanes; ++j)
+            lane[j] = state = state * randMultiplier + randIncrement;
+        for (;; i += lanes) {
+            for (unsigned j = 0; j < lanes; ++j)
+                values[i + j] = RandValue(lane[j]);
+            state = lane[lanes - 1];
+            if (count - i < 2 * lanes)
+                break;
+            for (unsigned j = 0; j < lanes; ++j)
+                lane[j] = lane[j] * round.multiplier + round.increment;
+        }
+        i += lanes;
+    }
+    for (; i < count; ++i)
+        values[i] = RandValue(state = state * randMultiplier + randIncrement);
+    randState = state;
 }
 
 void msvcrt_srand(unsigned seed) {
