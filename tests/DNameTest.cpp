@@ -213,8 +213,8 @@ TEST(DName, StreamFormSurvivesARoundTripAndRefusesDamage) {
 
 TEST(DName, RadixFormSurvivesARoundTrip) {
     DName all;
-    for (int byte = 0; byte < 256; ++byte)
-        all.InsertRight(static_cast<char>(byte), 1);
+    for (int value = 0; value < 256; ++value) // not `byte`, a type of <windows.h>
+        all.InsertRight(static_cast<char>(value), 1);
     for (unsigned int radix = 2; radix <= 36; ++radix) {
         DName form = all.ToRadix(radix);
         EXPECT_TRUE(form.FromRadix(radix) == all) << radix;

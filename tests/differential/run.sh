@@ -45,7 +45,7 @@ cut -f1-5 windows.txt >windows.cut && mv windows.cut windows.txt
 allowed=(
     '\\link-to-(dir|file)'
     'Wine follows symbolic links (the posix backend lists a link as an entry of its own, 0x400, size 0)'
-    '\\back(\\|\xef\x81\x9c)slash'
+    '\\back(\\|'$'\xef\x81\x9c'')slash'
     'a POSIX \ in a name: the posix backend maps it to U+F05C, Wine'"'"'s A names give the raw byte'
 )
 pattern=$(printf '%s|' $(for ((i = 0; i < ${#allowed[@]}; i += 2)); do echo "${allowed[i]}"; done))

@@ -34,4 +34,29 @@ bool HeadlessFailGetDC(HWND, bool) {
 bool HeadlessFontOf(HFONT, HeadlessFont*) {
     return false;
 }
+void HeadlessSetDiskRoom(std::uint64_t const*) {}
+bool HeadlessQueueOpenFile(char const*, unsigned, DWORD) {
+    return false;
+}
+bool HeadlessQueueOpenFileCancel() {
+    return false;
+}
+bool HeadlessQueueFolder(char const*, char const*) {
+    return false;
+}
+bool HeadlessQueueFolderCancel() {
+    return false;
+}
+void HeadlessClearDialogs() {}
+bool HeadlessLastOpenFile(OPENFILENAMEA*) {
+    return false;
+}
+bool HeadlessLastFolder(BROWSEINFOA*) {
+    return false;
+}
+void HeadlessFailShellAllocator(bool) {}
+unsigned HeadlessItemListsOut() {
+    return 0;
+}
+void HeadlessSetActiveWindow(HWND) {}
 void SetTickSource(DWORD (*)()) {}
