@@ -57,9 +57,9 @@ compare() {
   local i round
   for ((round = 0; round <= 5; round++)); do
     i=0
-    for spec in "$@"; do
+    for run in "$@"; do
       local times w c
-      times=$( { time bash -c "${spec#*|} > /dev/null 2>&1; exit 0"; } 2>&1 | tail -n 1)
+      times=$( { time bash -c "${run#*|} > /dev/null 2>&1; exit 0"; } 2>&1 | tail -n 1)
       w=$(awk '{ print $1 }' <<< "$times")
       c=$(awk '{ print $2 + $3 }' <<< "$times")
       if ((round > 0)); then # round 0 warms the caches
@@ -71,8 +71,8 @@ compare() {
   done
   echo "$title"
   i=0
-  for spec in "$@"; do
-    awk -v l="${spec%%|*}" -v w="${wall[i]}" -v c="${cpu[i]}" -v r="${cpu[0]}" \
+  for run in "$@"; do
+    awk -v l="${run%%|*}" -v w="${wall[i]}" -v c="${cpu[i]}" -v r="${cpu[0]}" \
       'BEGIN { printf "  %-26s wall %7.3f s   cpu %7.3f s   cpu ratio %.2f\n", l, w, c, (r > 0) ? c / r : 0 }'
     i=$((i + 1))
   done

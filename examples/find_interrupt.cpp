@@ -1,30 +1,32 @@
 #include "find_interrupt.h"
 
-#include <csignal>
+#include <signal.h>
 
 namespace {
 
-volatile std::sig_atomic_t interrupted = 0;
-void (*former)(int) = SIG_DFL;
+volatile sig_atomic_t interrupted = 0;
+struct sigaction former = {};
 
 void NoteInterrupt(int) {
     interrupted = 1;
-    std::signal(SIGINT, SIG_DFL); // a second Ctrl-C ends the program
 }
 
 } // namespace
 
 void CatchInterrupt() {
     interrupted = 0;
-    former = std::signal(SIGINT, NoteInterrupt);
-    if (former == SIG_ERR)
-        former = SIG_DFL;
-    else if (former == SIG_IGN)
-        std::signal(SIGINT, SIG_IGN); // started where Ctrl-C is to be ignored (in the background)
+    sigaction(SIGINT, nullptr, &former);
+    if (former.sa_handler == SIG_IGN)
+        return; // started where Ctrl-C is to be ignored (in the background of a shell)
+    struct sigaction action = {};
+    action.sa_handler = NoteInterrupt;
+    action.sa_flags = SA_RESETHAND | SA_RESTART; // a second Ctrl-C ends the program
+    sigemptyset(&action.sa_mask);
+    sigaction(SIGINT, &action, nullptr);
 }
 
 void ReleaseInterrupt() {
-    std::signal(SIGINT, former);
+    sigaction(SIGINT, &former, nullptr);
 }
 
 bool InterruptRequested() {

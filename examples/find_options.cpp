@@ -4,6 +4,7 @@
 #include "find_options.h"
 
 #include <cstddef>
+#include <cstring>
 
 namespace {
 
@@ -20,7 +21,7 @@ char const* SetDate(DateTest& date, std::string const& value) {
     if (date.test != 0)
         return "may be given once";
     if (!ParseDateTest(value, date))
-        return "expected =DATE, <DATE or >DATE, DATE as YYYY-MM-DD[THH:MM:SS]";
+        return "expected =DATE, <DATE or >DATE, DATE as YYYY-MM-DD[THH:MM:SS] from 1601";
     return nullptr;
 }
 
@@ -52,6 +53,26 @@ char const* SetFields(FindOptions& options, std::string const& value) {
     return nullptr;
 }
 
+// The options that name a file: each may be given once.
+template <std::string FindOptions::*file>
+char const* FileRule(FindOptions& options, std::string const& value) {
+    if (!(options.*file).empty())
+        return "may be given once";
+    if (value.empty())
+        return "expected a file name";
+    options.*file = value;
+    return nullptr;
+}
+
+// The options that a saved listing keeps beside the library's criteria, since tessik-find
+// applies them itself: the 64-bit size, the dates and whether the search recurses.
+bool KeptInSavedListing(char const* name) {
+    for (char const* kept : {"--no-recurse", "--size", "--written", "--created", "--accessed"})
+        if (std::strcmp(name, kept) == 0)
+            return true;
+    return false;
+}
+
 // Options without a value: each sets one switch.
 struct Switch {
     char const* name;
@@ -67,6 +88,9 @@ Switch const switches[] = {
     {"--invert", nullptr, &FindOptions::invertText, true},
     {"--stats", nullptr, &FindOptions::stats, true},
     {"--quiet", "-q", &FindOptions::quiet, true},
+    {"--posix-paths", "-p", &FindOptions::posixPaths, true},
+    {"--record-dates", nullptr, &FindOptions::recordDates, true},
+    {"--print0", "-0", &FindOptions::print0, true},
 };
 
 // Options with a value. The apply function gives null when it took the value, or what is
@@ -93,7 +117,7 @@ Rule const rules[] = {
          if (o.size.test != 0)
              return "may be given once";
          return ParseSizeTest(v, o.size) ? nullptr
-                                         : "expected N, -N, +N or A..B, with k, M or G, below 4G";
+                                         : "expected N, -N, +N or A..B, with k, M, G or T";
      }},
     {"--attr", nullptr,
      [](FindOptions& o, std::string const& v) { return SetAttributes(o, v, 0x02); }},
@@ -118,6 +142,11 @@ Rule const rules[] = {
                                           : "expected path, or a column name with :asc or :desc";
      }},
     {"--fields", nullptr, SetFields},
+    {"--save", nullptr, FileRule<&FindOptions::saveFile>},
+    {"--changes", nullptr, FileRule<&FindOptions::changesFile>},
+    {"--load", nullptr, FileRule<&FindOptions::loadFile>},
+    {"--report", nullptr, FileRule<&FindOptions::reportFile>},
+    {"--find-in", nullptr, FileRule<&FindOptions::findInFile>},
 };
 
 template <typename Entry, std::size_t count>
@@ -128,10 +157,31 @@ Entry const* Lookup(Entry const (&table)[count], std::string const& name) {
     return nullptr;
 }
 
+bool HasCriteria(FindOptions const& options) {
+    return !options.recursive || !options.names.empty() || options.size.test != 0 ||
+           options.attributeTest != 0 || options.written.test != 0 || options.created.test != 0 ||
+           options.accessed.test != 0 || options.containingMode != 0;
+}
+
 // The checks that concern more than one option.
 bool Finish(FindOptions& options, std::string& error) {
     if ((options.ignoreCase || options.invertText) && options.containingMode == 0) {
         error = "-i and --invert need --text, --any-word or --all-words";
+        return false;
+    }
+    int const sources =
+        !options.loadFile.empty() + !options.changesFile.empty() + !options.findInFile.empty();
+    if (sources > 1) {
+        error = "only one of --load, --changes and --find-in may be given";
+        return false;
+    }
+    if (sources == 1 && HasCriteria(options)) {
+        error = "--load, --changes and --find-in take their criteria from the saved file";
+        return false;
+    }
+    if (options.directories.empty() != options.findInFile.empty() && sources == 1) {
+        error = options.findInFile.empty() ? "--load and --changes take no directory"
+                                           : "--find-in needs the paths to look up";
         return false;
     }
     if (options.ignoreCase)
@@ -167,6 +217,8 @@ bool ParseFindOptions(int argc, char** argv, FindOptions& options, std::string& 
                 return false;
             }
             options.*flag->field = flag->value;
+            if (KeptInSavedListing(flag->name))
+                options.keptArguments.push_back(flag->name);
             continue;
         }
         Rule const* rule = Lookup(rules, name);
@@ -185,6 +237,8 @@ bool ParseFindOptions(int argc, char** argv, FindOptions& options, std::string& 
             error = name + " '" + value + "': " + complaint;
             return false;
         }
+        if (KeptInSavedListing(rule->name))
+            options.keptArguments.insert(options.keptArguments.end(), {rule->name, value});
     }
     return Finish(options, error);
 }

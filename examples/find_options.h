@@ -27,6 +27,19 @@ struct FindOptions {
 
     SortOrder sort;
     std::vector<unsigned> fields; // column numbers; empty means the aligned listing
+    bool posixPaths = false;
+    bool recordDates = false;
+    bool print0 = false;
+    // Saved listings: each a file name, empty when not given.
+    std::string saveFile;    // search, and save the criteria and the listing
+    std::string changesFile; // search with the saved criteria, list what changed
+    std::string loadFile;    // list a saved listing without searching
+    std::string reportFile;  // write the listing's text report
+    std::string findInFile;  // look the paths (in `directories`) up in a saved listing
+    // The arguments that a saved listing keeps for tessik-find's own checks (-n, --size and
+    // the dates), as given.
+    std::vector<std::string> keptArguments;
+
     bool stats = false;
     bool quiet = false;
     bool help = false;

@@ -1,77 +1,59 @@
 #include "find_search.h"
 
+#include "find_checks.h"
+#include "find_paths.h"
+
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <sys/stat.h>
+
 namespace {
 
-bool IsSeparator(char c) {
-    return c == '/' || c == '\\';
-}
-
-// "Z:" and the path with every run of separators as one `\`, none at the end but the root's.
-DName OnDriveZ(std::string const& path) {
-    std::string full = "Z:";
-    for (char c : path) {
-        if (!IsSeparator(c))
-            full += c;
-        else if (full.back() != '\\')
-            full += '\\';
+// The full path of the directory `written` leads to (through links), or false with the
+// reason in errno.
+bool ResolveDirectory(std::string const& written, std::string& full) {
+    std::string const posix = PosixPath(written);
+    struct stat status = {};
+    if (stat(posix.c_str(), &status) != 0)
+        return false;
+    if (!S_ISDIR(status.st_mode)) {
+        errno = ENOTDIR;
+        return false;
     }
-    if (full.size() > 3 && full.back() == '\\')
-        full.pop_back();
-    return DName(full.c_str());
-}
-
-FILETIME UtcDate(DateTest const& date) {
-    return DFile().GetUTCDate(date.local);
+    char* const resolved = realpath(posix.c_str(), nullptr);
+    if (!resolved)
+        return false;
+    full = resolved;
+    std::free(resolved);
+    return true;
 }
 
 } // namespace
 
-DName FullDirectory(DFileLoad& load, std::string const& written) {
-    if (!written.empty() && IsSeparator(written[0]))
-        return OnDriveZ(written);
-    bool const onZ = written.size() >= 3 && (written[0] == 'Z' || written[0] == 'z') &&
-                     written[1] == ':' && IsSeparator(written[2]);
-    if (onZ)
-        return OnDriveZ(written.substr(2));
-    // Relative: the current directory knows where it leads.
-    DName const name(written.c_str());
-    DName const before = load.GetDir();
-    if (!load.ChangeDir(name))
-        return DName();
-    DName const full = load.GetDir();
-    load.ChangeDir(before);
-    return full;
-}
-
-bool AddDirectories(FindOptions const& options, DFileLoad& load, DirectoryListingSpec& spec,
-                    std::string& missing) {
-    if (options.directories.empty())
-        return spec.directories.InsertRight(load.GetDir());
-    for (std::string const& written : options.directories) {
-        DName const full = FullDirectory(load, written);
-        if (full.isEmpty() || !load.isDir(full)) {
-            missing = written;
-            return false;
+bool AddDirectories(FindOptions const& options, DirectoryListingSpec& spec) {
+    std::vector<std::string> const current = {"."};
+    bool allFound = true;
+    for (std::string const& written : options.directories.empty() ? current : options.directories) {
+        std::string full;
+        if (ResolveDirectory(written, full)) {
+            spec.directories.InsertRight(DName(LibraryPath(full).c_str()));
+        } else {
+            std::fprintf(stderr, "tessik-find: '%s': %s\n", written.c_str(), std::strerror(errno));
+            allFound = false;
         }
-        spec.directories.InsertRight(full);
     }
-    return true;
+    return allFound;
 }
 
 void SetTests(FindOptions const& options, DirectoryListingSpec& spec) {
     for (std::string const& name : options.names)
-        spec.namePatterns.InsertRight(DName(name.c_str()));
-    spec.sizeTest = options.size.test;
-    spec.size = options.size.size;
-    spec.sizeUpper = options.size.upper;
+        spec.namePatterns.InsertRight(DName(LibraryName(name, true).c_str()));
     spec.attributeTest = options.attributeTest;
     spec.attributes = options.attributes;
-    spec.writtenTest = options.written.test;
-    spec.dateWritten = UtcDate(options.written);
-    spec.createdTest = options.created.test;
-    spec.dateCreated = UtcDate(options.created);
-    spec.accessedTest = options.accessed.test;
-    spec.dateLastAccessed = UtcDate(options.accessed);
+    SetLibraryChecks(options, spec);
     spec.textToFind = DName(options.text.c_str());
     spec.containingMode = options.containingMode;
     spec.invertContaining = options.invertText;

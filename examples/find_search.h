@@ -6,17 +6,11 @@
 
 #include <tessik/tessik.h>
 
-#include <string>
-
-// A directory as the user wrote it as a full path of drive Z: ("/usr/" and "Z:/usr" give
-// "Z:\usr"; a relative one is resolved against the current directory). Empty when a relative
-// directory does not exist.
-DName FullDirectory(DFileLoad& load, std::string const& written);
-
-// Puts the full path of every directory of `options` (the current directory when there are
-// none) into `spec`. False, with the name as written in `missing`, when one does not exist.
-bool AddDirectories(FindOptions const& options, DFileLoad& load, DirectoryListingSpec& spec,
-                    std::string& missing);
+// Puts every directory of `options` (the current directory when there are none) into `spec`
+// as the full path of its target, in the library's form. A directory that is missing, is no
+// directory or cannot be reached is told on stderr, as find does, and left out. False when one
+// was left out.
+bool AddDirectories(FindOptions const& options, DirectoryListingSpec& spec);
 
 // Sets the name, size, attribute, date and content tests of `spec`.
 void SetTests(FindOptions const& options, DirectoryListingSpec& spec);

@@ -16,31 +16,38 @@ bool ReadDigits(std::string const& text, std::size_t& pos, std::size_t most, std
     return pos > start;
 }
 
-bool ReadSize(std::string const& text, DWORD& size) {
+bool ReadSize(std::string const& text, std::uint64_t& size) {
     std::size_t pos = 0;
     std::uint64_t value = 0;
-    if (!ReadDigits(text, pos, 10, value))
+    // 19 digits cannot overflow; a suffix may shift by at most 40 bits.
+    if (!ReadDigits(text, pos, 19, value))
         return false;
     if (pos + 1 == text.size()) {
-        char const* const suffixes = "kKmMgG";
+        char const* const suffixes = "kKmMgGtT";
         char const* found = text[pos] == '\0' ? nullptr : std::strchr(suffixes, text[pos]);
         if (!found)
             return false;
-        value <<= 10 * (1 + (found - suffixes) / 2);
+        unsigned const shift = static_cast<unsigned>(10 * (1 + (found - suffixes) / 2));
+        if (value > (UINT64_MAX >> shift))
+            return false;
+        value <<= shift;
         ++pos;
     }
-    // The listing tests sizes in 32 bits.
-    if (pos != text.size() || value > 0xFFFFFFFFu)
+    if (pos != text.size())
         return false;
-    size = static_cast<DWORD>(value);
+    size = value;
     return true;
 }
 
-// Reads `digits` digits at `pos` after the separator `before` (none when it is 0).
+// Reads `digits` digits at `pos` after the separator `before` (none when it is 0). A blank
+// stands for the 'T' between date and time, as tessik-find prints dates.
 bool ReadField(std::string const& text, std::size_t& pos, char before, std::size_t digits,
                WORD& field) {
-    if (before != '\0' && (pos >= text.size() || text[pos++] != before))
-        return false;
+    if (before != '\0') {
+        char const at = pos < text.size() ? text[pos++] : '\0';
+        if (at != before && !(before == 'T' && at == ' '))
+            return false;
+    }
     std::size_t const start = pos;
     std::uint64_t value = 0;
     if (!ReadDigits(text, pos, digits, value) || pos - start != digits)
@@ -111,7 +118,8 @@ bool ParseDateTest(std::string const& text, DateTest& out) {
     if (!ReadField(text, pos, '\0', 4, t.wYear) || !ReadField(text, pos, '-', 2, t.wMonth) ||
         !ReadField(text, pos, '-', 2, t.wDay))
         return false;
-    if (pos < text.size() &&
+    read.wholeDay = pos == text.size();
+    if (!read.wholeDay &&
         (!ReadField(text, pos, 'T', 2, t.wHour) || !ReadField(text, pos, ':', 2, t.wMinute) ||
          !ReadField(text, pos, ':', 2, t.wSecond)))
         return false;

@@ -7,18 +7,22 @@
 
 #include <string>
 
-// A size test as the listing holds it: test 1 equal, 2 less, 4 greater, 6 the range
-// size..upper, 0 none.
+#include <cstdint>
+
+// A size test, in the listing's test bytes: 1 equal, 2 less, 4 greater, 6 the range
+// size..upper, 0 none. The sizes have 64 bits; the listing's own test has 32.
 struct SizeTest {
     char test = 0;
-    DWORD size = 0;
-    DWORD upper = 0;
+    std::uint64_t size = 0;
+    std::uint64_t upper = 0;
 };
 
-// A date test: test 1 the same second, 2 earlier, 4 later, 0 none; the date in local time.
+// A date test: test 1 the same second (or day), 2 earlier, 4 later, 0 none; the date in local
+// time. With `wholeDay` the date was written without a time and stands for its whole day.
 struct DateTest {
     char test = 0;
     SYSTEMTIME local = {};
+    bool wholeDay = false;
 };
 
 // Sorting by path with directories first, or by one column up or down.
@@ -28,7 +32,8 @@ struct SortOrder {
     bool descending = false;
 };
 
-// N, -N, +N or A..B; each number in bytes with an optional k, M or G suffix (powers of 1024).
+// N, -N, +N or A..B; each number in bytes with an optional k, M, G or T suffix (powers of
+// 1024), below 2^64.
 bool ParseSizeTest(std::string const& text, SizeTest& out);
 
 // Letters R H S D A E N T C, in either case, as attribute bits.

@@ -48,6 +48,17 @@ bool DFileLoad::NextDirListing() {
     return true;
 }
 
+// After the cursor found no further entry: whether that was an entry the platform could not
+// give (a name too long for a find record). Each such entry is counted and stepped past.
+bool DFileLoad::StepPastUnlisted(DWORD& unlisted) {
+    while (isOpen() && GetLastError() == ERROR_FILENAME_EXCED_RANGE) {
+        ++unlisted;
+        if (NextDirListing())
+            return true;
+    }
+    return false;
+}
+
 void DFileLoad::CloseDirListing() {
     if (!isOpen())
         return;

@@ -97,17 +97,6 @@ void Normalise(DirectoryListingSpec& work, DName const& currentDir) {
     }
 }
 
-// After the cursor found no further entry: whether that was an entry the platform could not
-// give (a name too long for a find record). Each such entry is counted and stepped past.
-bool StepPastUnlisted(DFileLoad& load, DWORD& unlisted) {
-    while (load.isOpen() && GetLastError() == ERROR_FILENAME_EXCED_RANGE) {
-        ++unlisted;
-        if (load.NextDirListing())
-            return true;
-    }
-    return false;
-}
-
 struct ByName {
     bool operator()(DName const* a, DName const* b) const { return *a < *b; }
 };
@@ -156,7 +145,7 @@ bool DFileLoad::LoadAllDirListings(DirectoryListingSpec const& criteria, bool re
     DWORD unlisted = 0;
     while (queue.count != 0) {
         feedback.Directory(*queue.head);
-        if (OpenDirListing(work, *queue.head, 0) || StepPastUnlisted(*this, unlisted)) {
+        if (OpenDirListing(work, *queue.head, 0) || StepPastUnlisted(unlisted)) {
             SearchStep const outcome =
                 abortRequested ? SearchStep::Stopped
                                : SearchDirectory(work, recursive, queue, feedback, unlisted);
@@ -203,7 +192,7 @@ DFileLoad::SearchStep DFileLoad::SearchDirectory(DirectoryListingSpec const& wor
             if (recursive && !queue.InsertRight(foundFile.GetFullPath()))
                 return SearchStep::OutOfMemory;
         }
-        if (!NextDirListing() && !StepPastUnlisted(*this, unlisted))
+        if (!NextDirListing() && !StepPastUnlisted(unlisted))
             return SearchStep::Done; // the end of a directory: no look at abortRequested
     } while (!abortRequested);
     return SearchStep::Stopped;

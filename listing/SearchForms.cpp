@@ -56,12 +56,15 @@ DWORD const& DFileLoad::GetTotalAnalysis(DirectoryListingSpec const& criteria, b
     return totalMatches;
 }
 
+// An entry that the platform cannot give (a name too long for a find record) cannot be tested,
+// and is passed over as the search passes it.
 bool DFileLoad::isDirEmpty(DirectoryListingSpec const& criteria, DName const& dir) {
-    if (!OpenDirListing(criteria, dir, 0))
+    DWORD unlisted = 0;
+    if (!OpenDirListing(criteria, dir, 0) && !StepPastUnlisted(unlisted))
         return true;
     do {
         if (IsFileSpec(criteria, foundFile))
             return false;
-    } while (NextDirListing());
+    } while (NextDirListing() || StepPastUnlisted(unlisted));
     return true;
 }

@@ -1,7 +1,6 @@
-#include "support/Backend.h"
-#include "support/TempTree.h"
+#include "support/Records.h"
 
-#include <tessik/tessik.h>
+#include "support/Backend.h"
 
 #include <gtest/gtest.h>
 
@@ -12,27 +11,12 @@
 
 namespace {
 
-SYSTEMTIME St(int y, int mo, int d, int h = 0, int mi = 0, int s = 0, int ms = 0) {
-    return SYSTEMTIME{WORD(y), WORD(mo), 0, WORD(d), WORD(h), WORD(mi), WORD(s), WORD(ms)};
-}
-
-FILETIME Utc(SYSTEMTIME const& fields) {
-    FILETIME time = {};
-    EXPECT_TRUE(SystemTimeToFileTime(&fields, &time));
-    return time;
-}
-
 std::string Texts(DFile const& file, FILETIME const& date) {
     return std::string(&file.FormatDate(date)) + "|" + &file.FormatNumericalDate(date);
 }
 
 bool Same(SYSTEMTIME const& a, SYSTEMTIME const& b) {
     return std::memcmp(&a, &b, sizeof a) == 0;
-}
-
-void UseZone(char const* zone) {
-    setenv("TZ", zone, 1);
-    tzset();
 }
 
 SYSTEMTIME const fallback = St(1985, 0, 0);
@@ -44,17 +28,16 @@ TEST(DFileDates, DatesOutsideTheValidYearsReadAsTheFallback) {
     TempTree utcZone;
     DFile file;
     std::string const shown = " 0, 1985  12:00:00 AM|0/00/1985 12:00:00 AM";
-    FILETIME const in2100 = Utc(St(2100, 6, 1));
-    for (FILETIME const& date :
-         {zero, Utc(St(1970, 1, 1)), in2100, FILETIME{~0u, ~0u}, FILETIME{1, 0}})
+    FILETIME const in2100 = Utc(2100, 6, 1);
+    for (FILETIME const& date : {zero, Utc(1970, 1, 1), in2100, FILETIME{~0u, ~0u}, FILETIME{1, 0}})
         EXPECT_EQ(Texts(file, date), shown);
 
     EXPECT_EQ(file.GetLocalDate(in2100).wYear, 2100);
     EXPECT_FALSE(file.isValidDate(in2100));
-    EXPECT_TRUE(Same(file.GetLocalDate(Utc(St(1984, 12, 31, 23, 59, 59))), fallback));
+    EXPECT_TRUE(Same(file.GetLocalDate(Utc(1984, 12, 31, 23, 59, 59)), fallback));
     EXPECT_TRUE(Same(file.GetLocalDate(FILETIME{0, 0x80000000}), fallback)); // conversion fails
     EXPECT_TRUE(Same(file.GetLocalDate(zero), fallback));
-    EXPECT_TRUE(file.isValidDate(Utc(St(1985, 1, 1))));
+    EXPECT_TRUE(file.isValidDate(Utc(1985, 1, 1)));
     EXPECT_FALSE(file.isValidDate(zero));
     EXPECT_TRUE(file.CompDates(file.GetUTCDate(St(2004, 13, 1)), zero)); // no such month
 }
@@ -64,13 +47,11 @@ TEST(DFileDates, LocalTimeShowsOnTheTwelveHourClock) {
     TempTree restoresZone;
     UseZone("EST5EDT,M3.2.0,M11.1.0");
     DFile file;
-    EXPECT_EQ(Texts(file, Utc(St(2004, 3, 9, 18, 5, 7))),
+    EXPECT_EQ(Texts(file, Utc(2004, 3, 9, 18, 5, 7)),
               "Mar 9, 2004  1:05:07 PM|3/09/2004 1:05:07 PM");
-    EXPECT_EQ(Texts(file, Utc(St(2004, 7, 31, 4))),
-              "July 31, 2004  12:00:00 AM|7/31/2004 12:00:00 AM");
-    EXPECT_EQ(Texts(file, Utc(St(2004, 9, 1, 16))),
-              "Sept 1, 2004  12:00:00 PM|9/01/2004 12:00:00 PM");
-    EXPECT_EQ(Texts(file, Utc(St(2005, 1, 1, 4, 59, 59))),
+    EXPECT_EQ(Texts(file, Utc(2004, 7, 31, 4)), "July 31, 2004  12:00:00 AM|7/31/2004 12:00:00 AM");
+    EXPECT_EQ(Texts(file, Utc(2004, 9, 1, 16)), "Sept 1, 2004  12:00:00 PM|9/01/2004 12:00:00 PM");
+    EXPECT_EQ(Texts(file, Utc(2005, 1, 1, 4, 59, 59)),
               "Dec 31, 2004  11:59:59 PM|12/31/2004 11:59:59 PM");
 }
 
@@ -82,13 +63,13 @@ TEST(DFileDates, LocalDatesGoThroughTheZone) {
     SYSTEMTIME local = St(2004, 3, 9, 13, 5, 7, 123);
     local.wDayOfWeek = 2; // a Tuesday
     file.SetLocalDateCreated(local);
-    EXPECT_TRUE(file.CompDates(file.GetDateCreated(), Utc(St(2004, 3, 9, 7, 35, 7, 123))));
+    EXPECT_TRUE(file.CompDates(file.GetDateCreated(), Utc(2004, 3, 9, 7, 35, 7, 123)));
     EXPECT_TRUE(Same(file.GetLocalDateCreated(), local));
 
     // The valid years are local ones: 1985 begins at 18:30 UTC the day before.
     EXPECT_TRUE(file.isValidDate(St(1985, 1, 1)));
-    EXPECT_TRUE(file.isValidDate(Utc(St(1984, 12, 31, 18, 30))));
-    EXPECT_FALSE(file.isValidDate(Utc(St(1984, 12, 31, 18, 29, 59))));
+    EXPECT_TRUE(file.isValidDate(Utc(1984, 12, 31, 18, 30)));
+    EXPECT_FALSE(file.isValidDate(Utc(1984, 12, 31, 18, 29, 59)));
     EXPECT_TRUE(file.isValidDate(St(2080, 12, 31, 23, 59, 59)));
     EXPECT_FALSE(file.isValidDate(St(2081, 1, 1)));
     EXPECT_FALSE(file.isValidDate(St(2004, 2, 30)));
@@ -97,18 +78,17 @@ TEST(DFileDates, LocalDatesGoThroughTheZone) {
 TEST(DFileDates, CompDateComparesLocalFieldsToTheSecond) {
     TempTree utcZone;
     DFile file;
-    FILETIME const in1980 = Utc(St(1980, 5, 5)), in1985 = Utc(St(1985, 1, 1));
+    FILETIME const in1980 = Utc(1980, 5, 5), in1985 = Utc(1985, 1, 1);
     EXPECT_EQ(file.CompDate(zero, in1980), 0);
     EXPECT_EQ(file.CompDate(zero, in1985), -1); // the fallback has month 0
     EXPECT_EQ(file.CompDate(in1985, zero), 1);
 
-    FILETIME const early = Utc(St(2004, 3, 9, 13, 5, 7, 1)),
-                   late = Utc(St(2004, 3, 9, 13, 5, 7, 999));
+    FILETIME const early = Utc(2004, 3, 9, 13, 5, 7, 1), late = Utc(2004, 3, 9, 13, 5, 7, 999);
     EXPECT_EQ(file.CompDate(early, late), 0);
     EXPECT_FALSE(file.CompDates(early, late));
     EXPECT_TRUE(file.CompDates(zero, zero));
     EXPECT_FALSE(file.isEmpty(FILETIME{0, 1}));
-    EXPECT_EQ(file.CompDate(early, Utc(St(2004, 2, 29, 23, 59, 59))), 1);
+    EXPECT_EQ(file.CompDate(early, Utc(2004, 2, 29, 23, 59, 59)), 1);
 
     file.SetDateCreated(early);
     file.SetDateLastAccessed(in1985);

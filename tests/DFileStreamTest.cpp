@@ -1,6 +1,4 @@
-#include "support/TempTree.h"
-
-#include <tessik/tessik.h>
+#include "support/Records.h"
 
 #include <gtest/gtest.h>
 
@@ -9,6 +7,7 @@
 #include <iterator>
 #include <random>
 #include <string>
+#include <vector>
 
 #if defined(__SANITIZE_ADDRESS__)
 #define WATCH_ALLOCATIONS 1
@@ -57,10 +56,7 @@ void Put(std::string const& path, std::string const& bytes) {
 }
 
 std::string Word(DWORD value) {
-    std::string bytes;
-    for (int i = 0; i < 4; ++i)
-        bytes += static_cast<char>(value >> (8 * i));
-    return bytes;
+    return std::string{char(value), char(value >> 8), char(value >> 16), char(value >> 24)};
 }
 
 std::string Name(std::string const& text) {
@@ -72,7 +68,7 @@ DFile Sample() {
     FILETIME const created = {0x10203040, 0x01C00001}, accessed = {0x50607080, 0x01D00002},
                    written = {0x90A0B0C0, 0x01E00003};
     DFile file(DName(), 0x821, 0x89ABCDEF, &created, &accessed, &written);
-    file.fullPath.Namen("C:\\dir\0\xE9\xFF\\name.txt", 18);
+    file.fullPath = Raw(std::string("C:\\dir\0\xE9\xFF\\name.txt", 18));
     file.sizeHigh = 0x01234567;
     return file;
 }
@@ -92,14 +88,6 @@ bool ReadFrom(std::string const& path, DFile& file) {
     return file << in;
 }
 
-DWORD Mask(char const* key, unsigned length, unsigned& position) {
-    DWORD word = 0;
-    DName text;
-    text.Namen(key, length);
-    DFile().IncWord(word, text, position);
-    return word;
-}
-
 } // namespace
 
 TEST(DFileStream, RoundTripsWithANewKeyEachWrite) {
@@ -108,24 +96,28 @@ TEST(DFileStream, RoundTripsWithANewKeyEachWrite) {
     file.SetIndex(DName("index text"));
     ASSERT_TRUE(WriteTo(tree.Path("first"), file));
     DName const firstKey = file.GetKey();
-    EXPECT_NE(firstKey, DName("index text"));
     ASSERT_TRUE(WriteTo(tree.Path("second"), file));
-    EXPECT_FALSE(file.isDataEncrypted());
-    EXPECT_TRUE(Same(file, Sample()));
+    EXPECT_TRUE(firstKey != DName("index text") && file.GetKey() != firstKey);
+    EXPECT_TRUE(!file.isDataEncrypted() && Same(file, Sample()));
     EXPECT_NE(Bytes(tree.Path("first")), Bytes(tree.Path("second")));
-    EXPECT_NE(file.GetKey(), firstKey);
     EXPECT_EQ(file.HeaderSize(), file.GetKey().Size() + 18 + 36);
-
     DFile first, second;
-    ASSERT_TRUE(ReadFrom(tree.Path("first"), first));
-    ASSERT_TRUE(ReadFrom(tree.Path("second"), second));
-    EXPECT_TRUE(Same(first, Sample()));
-    EXPECT_TRUE(Same(second, Sample()));
-    EXPECT_EQ(first.GetKey(), firstKey);
-    EXPECT_EQ(second.GetKey(), file.GetKey()); // the key of the last write stays
+    ASSERT_TRUE(ReadFrom(tree.Path("first"), first) && ReadFrom(tree.Path("second"), second));
+    EXPECT_TRUE(Same(first, Sample()) && Same(second, Sample()));
+    EXPECT_TRUE(first.GetKey() == firstKey && second.GetKey() == file.GetKey());
+
+    // Scrambled by the caller: it goes out with its own key and is plain afterwards.
+    ASSERT_TRUE(file.Encrypt());
+    DName const key = file.GetKey();
+    ASSERT_TRUE(WriteTo(tree.Path("s"), file));
+    EXPECT_TRUE(Same(file, Sample()) && ReadFrom(tree.Path("s"), first));
+    EXPECT_TRUE(Same(first, Sample()) && first.GetKey() == key);
+    FileOper closed, readOnly(tree.Path("s").c_str(), false); // a failing write, plain as well
+    EXPECT_FALSE(file.Write(closed) || file.Write(readOnly));
+    EXPECT_TRUE(Same(file, Sample()));
 
     // Extreme values and an empty path, one after the other in one stream.
-    DFile full = Sample(), empty;
+    DFile full = Sample(), empty, back;
     full.SetFileSize(0xFFFFFFFF, 0xFFFFFFFF);
     full.SetDateWritten(FILETIME{0xFFFFFFFF, 0xFFFFFFFF});
     {
@@ -133,7 +125,6 @@ TEST(DFileStream, RoundTripsWithANewKeyEachWrite) {
         ASSERT_TRUE(full.Write(out) && empty.Write(out));
     }
     FileOper in(tree.Path("two").c_str(), false);
-    DFile back;
     EXPECT_TRUE(back.Read(in) && Same(back, full));
     EXPECT_TRUE(back.Read(in) && back.isEmpty() && back.CompStruct(empty));
     EXPECT_FALSE(back.Read(in));
@@ -149,18 +140,16 @@ TEST(DFileStream, StreamLayoutIsPinned) {
     ASSERT_TRUE(DFile().CreateHashKey(key));
     EXPECT_EQ(key, DName("\x49\x19"));
 
-    // A path of one character moves the position on by one: 25, 73, 25, 73.
+    // A path of one character, scrambled to "(", moves the position on by one: 25, 73, 25, 73.
     msvcrt_srand(1);
     DFile named = Sample();
     named.fullPath = "a";
     ASSERT_TRUE(WriteTo(path, named));
     DWORD const m = 25 * 2 + 73 * 256 + 25 + 73;
-    std::string const bytes = Bytes(path);
-    EXPECT_EQ(bytes.substr(0, 11), std::string("\x01", 1) + Name("\x49\x19") + Word(1));
-    EXPECT_EQ(bytes.substr(12), Word(0x90A0B0C0 ^ m) + Word(0x01E00003 ^ m) + Word(0x50607080 ^ m) +
-                                    Word(0x01D00002 ^ m) + Word(0x10203040 ^ m) +
-                                    Word(0x01C00001 ^ m) + Word(0x821 ^ m) + Word(0x89ABCDEF ^ m) +
-                                    Word(0x01234567 ^ m));
+    EXPECT_EQ(Bytes(path), std::string("\x01", 1) + Name("\x49\x19") + Word(1) + "(" +
+                               Word(0x90A0B0C0 ^ m) + Word(0x01E00003 ^ m) + Word(0x50607080 ^ m) +
+                               Word(0x01D00002 ^ m) + Word(0x10203040 ^ m) + Word(0x01C00001 ^ m) +
+                               Word(0x821 ^ m) + Word(0x89ABCDEF ^ m) + Word(0x01234567 ^ m));
 
     // Flag 0: taken as stored, key included.
     Put(path, std::string("\x00", 1) + Name("key") + Name("C:\\plain") + Word(1) + Word(2) +
@@ -168,91 +157,61 @@ TEST(DFileStream, StreamLayoutIsPinned) {
     DFile plain;
     ASSERT_TRUE(ReadFrom(path, plain));
     EXPECT_FALSE(plain.isDataEncrypted());
-    EXPECT_STREQ(&plain.GetKey(), "key");
-    EXPECT_STREQ(&plain.GetFullPath(), "C:\\plain");
-    EXPECT_EQ(plain.dateWritten.dwHighDateTime, 2u);
-    EXPECT_EQ(plain.dateCreated.dwLowDateTime, 5u);
-    EXPECT_EQ(plain.attributes, 7u);
-    EXPECT_EQ(plain.GetFileSize64(), 9ull << 32 | 8);
+    EXPECT_EQ(Shown(plain.GetKey()) + "|" + Shown(plain.GetFullPath()), "key|C:\\plain");
+    EXPECT_EQ(std::vector<std::uint64_t>({Ticks(plain.dateWritten), Ticks(plain.dateLastAccessed),
+                                          Ticks(plain.dateCreated), plain.attributes,
+                                          plain.GetFileSize64()}),
+              std::vector<std::uint64_t>(
+                  {2ull << 32 | 1, 4ull << 32 | 3, 6ull << 32 | 5, 7, 9ull << 32 | 8}));
 }
 
 TEST(DFileStream, ScramblingKnownAnswers) {
-    // Characters add up, shifted by 1, 8, 0 and 0; the position runs on across words.
-    char const six[] = {1, 2, 3, 4, 5, 6};
+    // Characters add up, shifted by 1, 8, 0 and 0; the position runs on across words; 128 and
+    // 129 are negative and subtract; one character: every step comes back to it.
+    auto mask = [](std::string const& key, unsigned& position) {
+        DWORD word = 0;
+        DFile().IncWord(word, Raw(key), position);
+        return word;
+    };
+    std::string const six("\1\2\3\4\5\6");
     DWORD const at0 = 1 * 2 + 2 * 256 + 3 + 4, at4 = 5 * 2 + 6 * 256 + 1 + 2,
                 at2 = 3 * 2 + 4 * 256 + 5 + 6;
-    unsigned position = 0;
-    EXPECT_EQ(Mask(six, 6, position), at0);
-    EXPECT_EQ(Mask(six, 6, position), at4);
-    EXPECT_EQ(position, 2u);
-    position = 5; // one character: every step comes back to it
-    EXPECT_EQ(Mask("A", 1, position), 0x41u * 2 + 0x41 * 256 + 0x41 + 0x41);
-    EXPECT_EQ(position, 1u);
-    position = 0; // 128 and 129 are negative and subtract
-    EXPECT_EQ(Mask("\x80\x81\x10\x20", 4, position), static_cast<DWORD>(-128 * 2 - 127 * 256 + 48));
+    unsigned position = 0, single = 5, negative = 0;
+    EXPECT_EQ(std::vector<DWORD>({mask(six, position), mask(six, position), position,
+                                  mask("A", single), single, mask("\x80\x81\x10\x20", negative)}),
+              std::vector<DWORD>({at0, at4, 2, 0x41u * 2 + 0x41 * 256 + 0x41 + 0x41, 1,
+                                  static_cast<DWORD>(-128 * 2 - 127 * 256 + 48)}));
 
     // A record: the path of two characters first, then the words in the record's field order.
     DFile file = Sample();
     file.fullPath = "ab";
-    file.hashKey.Namen(six, 6);
+    file.hashKey = Raw(six);
     file.dataEncrypted = true;
     ASSERT_TRUE(file.Decrypt());
-    EXPECT_EQ(file.sizeLow, 0x89ABCDEF ^ at2);
-    EXPECT_EQ(file.sizeHigh, 0x01234567u ^ at0);
-    EXPECT_EQ(file.attributes, 0x821u ^ at4);
-    EXPECT_EQ(file.dateCreated.dwLowDateTime, 0x10203040u ^ at2);
-    EXPECT_EQ(file.dateLastAccessed.dwLowDateTime, 0x50607080u ^ at4);
-    EXPECT_EQ(file.dateWritten.dwHighDateTime, 0x01E00003u ^ at4);
-
-    DFile empty; // no path to scramble, the words all the same
-    empty.hashKey = "A";
-    empty.dataEncrypted = true;
-    ASSERT_TRUE(empty.Decrypt());
-    EXPECT_TRUE(empty.isEmpty());
-    EXPECT_EQ(empty.dateWritten.dwHighDateTime, 0x41u * 2 + 0x41 * 256 + 0x41 + 0x41);
-}
-
-TEST(DFileStream, EncryptAndDecryptOnlyOnce) {
-    TempTree tree;
-    msvcrt_srand(1); // a known key, under which every word changes
-    DFile file = Sample();
-    file.SetIndex(DName("set by hand"));
-    ASSERT_TRUE(file.Encrypt());
-    EXPECT_TRUE(file.isDataEncrypted());
-    EXPECT_EQ(file.GetKey(), DName("\x49\x19"));
-    EXPECT_NE(file.fullPath, Sample().fullPath);
-    DFile const scrambled(file);
-    EXPECT_FALSE(file.Encrypt());
-    EXPECT_TRUE(Same(file, scrambled));
-    ASSERT_TRUE(file.Decrypt());
-    EXPECT_TRUE(Same(file, Sample()));
-    EXPECT_FALSE(file.Decrypt());
-    EXPECT_TRUE(Same(file, Sample()));
-
-    // Scrambled by the caller: it goes out with its own key and is plain afterwards.
-    ASSERT_TRUE(file.Encrypt());
-    DName const key = file.GetKey();
-    ASSERT_TRUE(WriteTo(tree.Path("s"), file));
-    EXPECT_TRUE(Same(file, Sample()));
-    DFile read;
-    ASSERT_TRUE(ReadFrom(tree.Path("s"), read));
-    EXPECT_TRUE(Same(read, Sample()));
-    EXPECT_EQ(read.GetKey(), key);
-
-    // A failing write leaves it plain as well.
-    FileOper closed, readOnly(tree.Path("s").c_str(), false);
-    EXPECT_FALSE(file.Write(closed));
-    EXPECT_FALSE(file.Write(readOnly));
-    EXPECT_TRUE(Same(file, Sample()));
+    EXPECT_EQ(std::vector<DWORD>({file.sizeLow, file.sizeHigh, file.attributes,
+                                  file.dateCreated.dwLowDateTime, file.dateCreated.dwHighDateTime,
+                                  file.dateLastAccessed.dwLowDateTime,
+                                  file.dateLastAccessed.dwHighDateTime,
+                                  file.dateWritten.dwLowDateTime, file.dateWritten.dwHighDateTime}),
+              std::vector<DWORD>({0x89ABCDEF ^ at2, 0x01234567u ^ at0, 0x821u ^ at4,
+                                  0x10203040u ^ at2, 0x01C00001u ^ at0, 0x50607080u ^ at4,
+                                  0x01D00002u ^ at2, 0x90A0B0C0u ^ at0, 0x01E00003u ^ at4}));
+    EXPECT_FALSE(file.Decrypt()); // only once either way
+    msvcrt_srand(1);
+    DFile twice = Sample();
+    ASSERT_TRUE(twice.Encrypt());
+    DFile const scrambled(twice);
+    EXPECT_TRUE(twice.isDataEncrypted() && twice.fullPath != Sample().fullPath);
+    EXPECT_FALSE(twice.Encrypt());
+    EXPECT_TRUE(Same(twice, scrambled) && twice.Decrypt() && Same(twice, Sample()));
 }
 
 TEST(DFileStream, DamagedStreamsGiveFalse) {
     TempTree tree;
     std::string const path = tree.Path("s");
-    DFile file = Sample();
+    DFile file = Sample(), read;
     ASSERT_TRUE(WriteTo(path, file));
     std::string const whole = Bytes(path);
-    DFile read;
     for (std::size_t cut = 0; cut < whole.size(); ++cut) {
         Put(path, whole.substr(0, cut));
         EXPECT_FALSE(ReadFrom(path, read)) << "cut at " << cut;
@@ -262,8 +221,8 @@ TEST(DFileStream, DamagedStreamsGiveFalse) {
     DFile partial = Sample();
     Put(path, std::string("\x00", 1) + Name("") + Name("p") + Word(1) + Word(2) + Word(3) + "xy");
     EXPECT_FALSE(ReadFrom(path, partial));
-    EXPECT_STREQ(&partial.GetFullPath(), "p");
-    EXPECT_EQ(partial.dateWritten.dwHighDateTime, 2u);
+    EXPECT_EQ(Shown(partial.GetFullPath()), "p");
+    EXPECT_EQ(Ticks(partial.dateWritten), 2ull << 32 | 1);
     EXPECT_EQ(partial.dateLastAccessed.dwLowDateTime, 0x50607080u);
 
     // Random bytes: a record read takes at least its flag, two lengths and 36 bytes.

@@ -1,6 +1,4 @@
-#include "support/TempTree.h"
-
-#include <tessik/tessik.h>
+#include "support/Records.h"
 
 #include <gtest/gtest.h>
 
@@ -9,13 +7,10 @@
 
 namespace {
 
-FILETIME Date(DWORD high, DWORD low) {
-    return FILETIME{low, high};
-}
-
-DFile Record(char const* path, DWORD attributes = 0x20, DWORD size = 0) {
-    FILETIME const written = Date(1, 2), created = Date(3, 4), accessed = Date(5, 6);
-    return DFile(DName(path), attributes, size, &created, &accessed, &written);
+DFile Dated(char const* path, DWORD attributes = 0x20) {
+    FILETIME const written = Ft(1ull << 32 | 2), created = Ft(3ull << 32 | 4),
+                   accessed = Ft(5ull << 32 | 6);
+    return DFile(DName(path), attributes, 0, &created, &accessed, &written);
 }
 
 WIN32_FIND_DATAA FindData(char const* name, char const* alternate = "") {
@@ -25,7 +20,6 @@ WIN32_FIND_DATAA FindData(char const* name, char const* alternate = "") {
     data.dwFileAttributes = 0x21;
     data.nFileSizeLow = 7;
     data.nFileSizeHigh = 1;
-    data.ftLastWriteTime = Date(9, 9);
     return data;
 }
 
@@ -37,34 +31,34 @@ TEST(DFile, EqualityIsAboutEntryAndState) {
     EXPECT_TRUE(empty != empty);
     EXPECT_TRUE(empty.CompStruct(DFile()));
 
-    DFile a = Record("C:\\x"), b = Record("C:\\x");
-    b.SetDateLastAccessed(Date(77, 77));
+    DFile const a = Dated("C:\\x");
+    DFile b = a;
+    b.SetDateLastAccessed(Ft(77));
     b.SetIndex(DName("key"));
-    EXPECT_TRUE(a == b);
-
-    b.SetFileSize(0, 1);
-    EXPECT_FALSE(a == b); // same low half, other high half
-    b = a;
-    b.SetDateCreated(Date(3, 5));
-    EXPECT_FALSE(a == b);
-    b = a;
-    b.dataEncrypted = true;
-    EXPECT_FALSE(a == b);
-    EXPECT_FALSE(a.CompStruct(b));
-    b.dataEncrypted = false;
-    b.SetFullPath(DName("C:\\y"));
-    EXPECT_FALSE(a == b);
-    EXPECT_TRUE(a.CompStruct(b));
+    EXPECT_TRUE(a == b); // neither the access date nor the key counts
+    for (int change = 0; change < 4; ++change) {
+        b = a;
+        b.dataEncrypted = false;
+        if (change == 0)
+            b.SetFileSize(0, 1); // same low half, other high half
+        if (change == 1)
+            b.SetDateCreated(Ft(3ull << 32 | 5));
+        if (change == 2)
+            b.dataEncrypted = true;
+        if (change == 3)
+            b.SetFullPath(DName("C:\\y"));
+        EXPECT_FALSE(a == b) << change;
+        EXPECT_EQ(a.CompStruct(b), change == 3) << change;
+    }
 }
 
-TEST(DFile, MaskTestsLookAtTheirOwnBitRanges) {
+TEST(DFile, AttributeBits) {
     DFile file;
+    // isAttribute looks at the bits below 0x8000, isAnAttribute at those up to 0x8000.
     for (DWORD value : {0u, 0x21u, 0xFFFFFFFFu}) {
-        EXPECT_TRUE(file.isAttribute(value, 0));
-        EXPECT_FALSE(file.isAnAttribute(value, 0));
-        EXPECT_TRUE(file.isAttribute(value, 0x8000));
-        EXPECT_TRUE(file.isAttribute(value, 0x10000));
-        EXPECT_FALSE(file.isAnAttribute(value, 0x10000));
+        EXPECT_TRUE(file.isAttribute(value, 0) && file.isAttribute(value, 0x8000) &&
+                    file.isAttribute(value, 0x10000));
+        EXPECT_FALSE(file.isAnAttribute(value, 0) || file.isAnAttribute(value, 0x10000));
     }
     EXPECT_TRUE(file.isAnAttribute(0x8000, 0x8000));
     EXPECT_FALSE(file.isAnAttribute(0x4000, 0x8000));
@@ -72,110 +66,71 @@ TEST(DFile, MaskTestsLookAtTheirOwnBitRanges) {
     EXPECT_FALSE(file.isAttribute(0x21, 0x4001));
     EXPECT_TRUE(file.isAnAttribute(0x21, 0x4001));
     EXPECT_FALSE(file.isAnAttribute(0x20, 0x12));
-}
 
-TEST(DFile, SubAttributeSubtracts) {
-    DFile file;
     file.SetAttribute(0x21);
-    file.SubAttribute(0x3);
+    file.SubAttribute(0x3); // subtracts when any of the bits is set
     EXPECT_EQ(file.GetAttribute(), 0x1Eu);
     file.SetAttribute(0x23);
     file.SubAttribute(0x3);
-    EXPECT_EQ(file.GetAttribute(), 0x20u);
     file.SubAttribute(0x3);
     EXPECT_EQ(file.GetAttribute(), 0x20u);
     file.AddAttribute(0x10);
-    EXPECT_TRUE(file.isDir());
-    EXPECT_FALSE(file.isFile());
-    EXPECT_TRUE(file.isArchive());
-    EXPECT_FALSE(file.isHidden());
+    EXPECT_TRUE(file.isDir() && !file.isFile() && file.isArchive() && !file.isHidden());
 }
 
-TEST(DFile, SixtyFourBitSizes) {
-    DFile file;
-    file.SetFileSize(0xFFFFFFFF, 0);
-    EXPECT_FALSE(file.is64());
-    file.SetFileSize(0, 1);
-    EXPECT_TRUE(file.is64());
-    EXPECT_EQ(file.GetFileSize(), 0u);
-    EXPECT_EQ(file.GetFileSize64(), 4294967296ull);
-}
-
-TEST(DFile, DotsAreJudgedByTheLastComponent) {
-    EXPECT_FALSE(DFile().isDots());
-    EXPECT_TRUE(DFile().isNotDots());
-    EXPECT_TRUE(Record("C:\\dir\\..").isDots());
-    EXPECT_TRUE(Record(".").isDots());
-    EXPECT_FALSE(Record("...").isDots());
-    EXPECT_FALSE(Record(".profile").isDots());
-    DFile file;
-    EXPECT_TRUE(file.isDots(FindData("..")));
-    EXPECT_FALSE(file.isDots(FindData("a..")));
-    EXPECT_EQ(DFile().GetFileName().Size(), 0u);
-    EXPECT_STREQ(&Record("C:\\dir\\name.txt").GetFileName(), "name.txt");
-}
-
-TEST(DFile, AssignmentKeepsLinkAndScrambleState) {
-    DFile neighbour;
-    DFile source = Record("a");
+// Copies of records between positions of a listing are checked in SortingTest and
+// ListingCopiesTest; these are the parts of the record alone.
+TEST(DFile, AssignmentKeepsLinkAndScrambleStateAndDotsAreNames) {
+    DFile neighbour, other;
+    DFile source = Dated("a");
     source.next = std::addressof(neighbour);
     source.dataEncrypted = true;
-    DFile copied(source);
-    EXPECT_EQ(copied.next, std::addressof(neighbour));
-    EXPECT_TRUE(copied.isDataEncrypted());
-
     DFile target(std::addressof(neighbour));
     EXPECT_EQ(target.next, nullptr);
-    DFile other;
     target.next = std::addressof(other);
     target = source;
-    EXPECT_EQ(target.next, std::addressof(other));
-    EXPECT_FALSE(target.isDataEncrypted());
-    EXPECT_STREQ(&target, "a");
-
-    target = "b.txt";
+    EXPECT_TRUE(target.next == std::addressof(other) && !target.isDataEncrypted());
+    target = "b.txt"; // only the path changes
     EXPECT_STREQ(&target, "b.txt");
-    EXPECT_EQ(target.GetDateWritten().dwHighDateTime, 1u);
-    EXPECT_EQ(target.GetAttribute(), 0x20u);
-
+    EXPECT_TRUE(target.GetDateWritten().dwHighDateTime == 1 && target.GetAttribute() == 0x20);
     target.Destroy();
-    EXPECT_TRUE(target.isEmpty());
-    EXPECT_EQ(target.GetAttribute(), 0u);
+    EXPECT_TRUE(target.isEmpty() && target.GetAttribute() == 0);
     EXPECT_EQ(target.next, std::addressof(other));
+
+    EXPECT_FALSE(DFile().isDots() || Record("...").isDots() || Record(".profile").isDots());
+    EXPECT_TRUE(Record("C:\\dir\\..").isDots() && Record(".").isDots());
+    EXPECT_TRUE(DFile().isDots(FindData("..")) && !DFile().isDots(FindData("a..")));
 }
 
-TEST(DFile, CopyFromFindRecordPutsHomeInFrontAndKeepsKey) {
+TEST(DFile, CopyAndExtractFromFindRecords) {
     DFile file;
     file.SetIndex(DName("key"));
     file.Copy(FindData("name.txt"), DName("C:\\home"));
     EXPECT_STREQ(&file, "C:\\home\\name.txt");
     EXPECT_STREQ(&file.GetKey(), "key");
     EXPECT_EQ(file.GetFileSize64(), 0x100000007ull);
+    EXPECT_TRUE(file.is64());
     EXPECT_EQ(file.GetAttribute(), 0x21u);
 
-    DFile other = Record("x");
-    file.Copy(other, DName(0));
+    file.Copy(Dated("x"), DName(0));
     EXPECT_STREQ(&file, "x");
-    EXPECT_EQ(file.GetKey().Size(), 0u); // copied from `other`
+    EXPECT_EQ(file.GetKey().Size(), 0u); // copied from the other record
     EXPECT_EQ(file.GetLongSize(), 1u);
-}
 
-TEST(DFile, ExtractFilenamePrefersTheLongerName) {
-    DFile file;
+    // The longer of the two names; one that fills its array without a zero ends with it.
     EXPECT_STREQ(&file.ExtractFilename(FindData("long name.txt")), "long name.txt");
     EXPECT_STREQ(&file.ExtractFilename(FindData("abc", "ABC")), "abc");
     EXPECT_STREQ(&file.ExtractFilename(FindData("a", "LONGER~1")), "LONGER~1");
-    // A name that fills its whole array without a closing zero is cut at the array's end.
     WIN32_FIND_DATAA full = FindData("");
     std::memset(full.cFileName, 'x', sizeof full.cFileName);
     EXPECT_EQ(file.ExtractFilename(full).Size(), sizeof full.cFileName);
 }
 
-TEST(DFile, FromPathFillsFromTheFileSystem) {
+TEST(DFile, FromPathFillsFromTheFileSystemTo100Nanoseconds) {
     TempTree tree;
     tree.MakeFile("data.txt", "12345");
-    tree.SetTimes("data.txt", 1000000000);
-    DFile file = Record("unchanged");
+    tree.SetTimes("data.txt", 1000000000, 123456789);
+    DFile file = Dated("unchanged");
     EXPECT_FALSE(file.FromPath(DName(tree.WinPath("missing").c_str())));
     EXPECT_STREQ(&file, "unchanged");
     EXPECT_EQ(file.GetAttribute(), 0x20u);
@@ -184,11 +139,9 @@ TEST(DFile, FromPathFillsFromTheFileSystem) {
     EXPECT_TRUE(file.FromPath(pattern));
     EXPECT_STREQ(&file, &pattern);
     EXPECT_EQ(file.GetFileSize(), 5u);
-    // 2001-09-09 01:46:40 UTC in 100 ns since 1601.
-    std::uint64_t const written = 116444736000000000ull + 1000000000ull * 10000000ull;
-    EXPECT_EQ(file.GetDateWritten().dwLowDateTime, static_cast<DWORD>(written));
-    EXPECT_EQ(file.GetDateWritten().dwHighDateTime, static_cast<DWORD>(written >> 32));
+    // 2001-09-09 01:46:40.1234567 UTC in 100 ns since 1601: the last 89 ns are cut off.
+    EXPECT_EQ(Ticks(file.GetDateWritten()), Ticks(At(1000000000, 1234567)));
+    EXPECT_EQ(Ticks(file.GetDateLastAccessed()), Ticks(At(1000000000, 1234567)));
 
-    DFile made(DName(tree.WinPath("nothing here").c_str()));
-    EXPECT_TRUE(made.isEmpty());
+    EXPECT_TRUE(DFile(DName(tree.WinPath("nothing here").c_str())).isEmpty());
 }

@@ -1,34 +1,16 @@
-#include "support/Backend.h"
-#include "support/TempTree.h"
+#include "support/Records.h"
 
-#include <tessik/DFile.h>
-#include <tessik/FileOper.h>
+#include "support/Backend.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <ctime>
 #include <fstream>
 #include <memory>
 #include <sstream>
 #include <string>
+#include <utility>
 
 namespace {
-
-std::string Shown(DName const& name) {
-    return std::string(&name, name.Size());
-}
-
-FILETIME Utc(int y, int mo, int d, int h, int mi, int s, int ms = 0) {
-    SYSTEMTIME const fields{WORD(y), WORD(mo), 0, WORD(d), WORD(h), WORD(mi), WORD(s), WORD(ms)};
-    FILETIME time = {};
-    EXPECT_TRUE(SystemTimeToFileTime(&fields, &time));
-    return time;
-}
-
-bool Same(FILETIME const& a, FILETIME const& b) {
-    return a.dwLowDateTime == b.dwLowDateTime && a.dwHighDateTime == b.dwHighDateTime;
-}
 
 std::string Line(DFile const& file) {
     DName text;
@@ -69,30 +51,29 @@ TEST(DNameNumbers, PlusAppendsTextOrDecimalNumber) {
 
 TEST(DFileText, AttributeFlagsAndWordsFollowTheTableOrder) {
     DFile file;
-    file.attributes = 0x20;
-    EXPECT_EQ(Shown(file.FormatAttributes(false, -1)), "--A------");
-    EXPECT_EQ(Shown(file.FormatAttributes(true, -1)), "Archive");
     file.attributes = allNine;
-    EXPECT_EQ(Shown(file.FormatAttributes(false, -1)), "RDANSHCTE");
-    EXPECT_EQ(Shown(file.FormatAttributes(true, -7)), // any negative value means the record
-              "Read Only, Folder, Archive, Normal, System, Hidden, Compressed, Temporary, "
-              "Encrypted");
-    EXPECT_EQ(Shown(file.FormatAttributes(true, 0x6)), "System, Hidden");
-    EXPECT_EQ(Shown(file.FormatAttributes(false, 0x4)), "----S----");
-    EXPECT_EQ(Shown(file.FormatAttributes(true, 0x2)), "Hidden");
-
-    // 0 is a word to show, and bits outside the table have no text.
-    EXPECT_EQ(Shown(file.FormatAttributes(false, 0)), "---------");
-    EXPECT_EQ(Shown(file.FormatAttributes(true, 0)), "No Attributes");
-    EXPECT_EQ(Shown(file.FormatAttributes(false, 0x400)), "---------");
-    EXPECT_EQ(Shown(file.FormatAttributes(true, 0x400)), "No Attributes");
+    // Any negative value means the record's word; 0 is a word to show; 0x400 has no text.
+    struct Row {
+        int word;
+        char const* flags;
+        char const* words;
+    } const rows[] = {
+        {-7, "RDANSHCTE",
+         "Read Only, Folder, Archive, Normal, System, Hidden, Compressed, Temporary, Encrypted"},
+        {0x20, "--A------", "Archive"},
+        {0x6, "----SH---", "System, Hidden"},
+        {0, "---------", "No Attributes"},
+        {0x400, "---------", "No Attributes"}};
+    for (Row const& row : rows)
+        EXPECT_EQ(Shown(file.FormatAttributes(false, row.word)) + "|" +
+                      Shown(file.FormatAttributes(true, row.word)),
+                  std::string(row.flags) + "|" + row.words);
 }
 
 TEST(DFileText, LineHoldsSixFieldsInLocalTime) {
     ONLY_ON_POSIX_BACKEND("local time follows TZ");
     TempTree zone;
-    setenv("TZ", "EST5EDT,M3.2.0,M11.1.0", 1);
-    tzset();
+    UseZone("EST5EDT,M3.2.0,M11.1.0");
     FILETIME const created = Utc(2004, 3, 9, 18, 5, 7);
     FILETIME const accessed = Utc(2004, 7, 31, 4, 0, 0);
     FILETIME const written = Utc(2004, 9, 1, 16, 30, 0);
@@ -121,31 +102,23 @@ TEST(DFileText, ReadingOddLines) {
     EXPECT_EQ(file.next, link);
     EXPECT_EQ(Shown(text), "no separator at all");
 
-    DFile parsed = Parsed("|12|xSxH--|");
-    EXPECT_TRUE(parsed.fullPath.isEmpty());
-    EXPECT_EQ(parsed.sizeLow, 12u);
-    EXPECT_EQ(parsed.attributes, 0x6u);
-
-    parsed = Parsed("p||| 4294967297|R"); // size empty, attributes empty, then dates
-    EXPECT_EQ(Shown(parsed.fullPath), "p");
-    EXPECT_EQ(parsed.sizeLow, 0u);
-    EXPECT_EQ(parsed.attributes, 0u);
-
-    parsed = Parsed("big|4294967297|RDANSHCTE|");
-    EXPECT_EQ(parsed.sizeLow, 1u);
-    EXPECT_EQ(parsed.sizeHigh, 0u);
-    EXPECT_EQ(parsed.attributes, allNine);
-
-    parsed = Parsed("unclosed|77"); // a token that is not the last field needs its separator
-    EXPECT_EQ(Shown(parsed.fullPath), "unclosed");
-    EXPECT_EQ(parsed.sizeLow, 0u);
+    // Path, size (the low word of the number), attributes; a token that is not the last
+    // field needs its separator.
+    for (auto const& c :
+         {std::make_pair("|12|xSxH--|", "|12|0|6"), std::make_pair("p||| 4294967297|R", "p|0|0|0"),
+          std::make_pair("big|4294967297|RDANSHCTE|", "big|1|0|2551"),
+          std::make_pair("unclosed|77", "unclosed|0|0|0")}) {
+        DFile const parsed = Parsed(c.first);
+        EXPECT_EQ(Shown(parsed.fullPath) + "|" + std::to_string(parsed.sizeLow) + "|" +
+                      std::to_string(parsed.sizeHigh) + "|" + std::to_string(parsed.attributes),
+                  c.second);
+    }
 }
 
 TEST(DFileText, DatesReadBackFromTheLineToTheSecond) {
     ONLY_ON_POSIX_BACKEND("local time follows TZ");
     TempTree zone;
-    setenv("TZ", "IST-5:30", 1);
-    tzset();
+    UseZone("IST-5:30");
     FILETIME const created = Utc(2004, 3, 9, 18, 5, 7, 999);
     FILETIME const accessed = Utc(2020, 12, 31, 18, 30, 0); // midnight, local
     FILETIME const written = Utc(2010, 6, 15, 6, 45, 59);   // a quarter past noon, local
@@ -154,51 +127,46 @@ TEST(DFileText, DatesReadBackFromTheLineToTheSecond) {
     file.ToString(text, '|');
     DFile back;
     back.FromString(text, '|');
-    EXPECT_EQ(Shown(back.fullPath), "D:\\dir\\name.ext");
-    EXPECT_EQ(back.sizeLow, 123456u);
-    EXPECT_EQ(back.attributes, 0x8A7u);
-    EXPECT_TRUE(Same(back.dateCreated, Utc(2004, 3, 9, 18, 5, 7)));
-    EXPECT_TRUE(Same(back.dateLastAccessed, accessed)); // the last field, closed by the end
-    EXPECT_TRUE(Same(back.dateWritten, written));
+    EXPECT_TRUE(back.fullPath == "D:\\dir\\name.ext" && back.sizeLow == 123456 &&
+                back.attributes == 0x8A7);
+    EXPECT_EQ(Ticks(back.dateCreated), Ticks(Utc(2004, 3, 9, 18, 5, 7)));
+    EXPECT_EQ(Ticks(back.dateLastAccessed), Ticks(accessed)); // the last field, closed by the end
+    EXPECT_EQ(Ticks(back.dateWritten), Ticks(written));
 
     // No date, and dates that show as the fallback, read back as no date.
     FILETIME const in2100 = Utc(2100, 1, 1, 0, 0, 0);
     DFile const undated(DName("u"), 0, 0, nullptr, &in2100, nullptr);
     undated.ToString(text, '|');
     back.FromString(text, '|');
-    EXPECT_TRUE(Same(back.dateCreated, FILETIME{0, 0}));
-    EXPECT_TRUE(Same(back.dateLastAccessed, FILETIME{0, 0}));
+    EXPECT_EQ(Ticks(back.dateCreated) + Ticks(back.dateLastAccessed), 0u);
 
     // Without a marker the hour is on the 24-hour clock; impossible dates store no date.
     back = Parsed("p|0|-|3/09/2004 23:05:07|3/09/2004 12:05:07 pm|2/30/2004 1:00:00 PM|");
-    EXPECT_TRUE(Same(back.dateCreated, Utc(2004, 3, 9, 17, 35, 7)));
-    EXPECT_TRUE(Same(back.dateWritten, Utc(2004, 3, 9, 6, 35, 7)));
-    EXPECT_TRUE(Same(back.dateLastAccessed, FILETIME{0, 0}));
+    EXPECT_EQ(Ticks(back.dateCreated), Ticks(Utc(2004, 3, 9, 17, 35, 7)));
+    EXPECT_EQ(Ticks(back.dateWritten), Ticks(Utc(2004, 3, 9, 6, 35, 7)));
+    EXPECT_EQ(Ticks(back.dateLastAccessed), 0u);
     for (char const* date : {"3/09/2004 13:05:07 PM", "3/09/2004 0:05:07 AM", "3/09/2004 24:00:00",
                              "13/09/2004 1:05:07 PM", "3/09/2004 1:60:07 PM", "3/09/2004 1:05",
                              "99999/99999/99999 99999:99999:99999", ""}) {
         back = Parsed(("p|0|-|" + std::string(date) + "|").c_str());
-        EXPECT_TRUE(Same(back.dateCreated, FILETIME{0, 0})) << date;
+        EXPECT_EQ(Ticks(back.dateCreated), 0u) << date;
     }
 
     // Text behind the sixth field is not read.
     back = Parsed("p|1|-|||3/09/2004 12:00:00 AM|tail|more");
-    EXPECT_TRUE(Same(back.dateLastAccessed, Utc(2004, 3, 8, 18, 30, 0)));
+    EXPECT_EQ(Ticks(back.dateLastAccessed), Ticks(Utc(2004, 3, 8, 18, 30, 0)));
 }
 
 TEST(DFileText, ReportBlockHasSixLabelledLinesInUtc) {
     TempTree tree;
-    setenv("TZ", "EST5EDT,M3.2.0,M11.1.0", 1); // the report ignores the zone
-    tzset();
+    UseZone("EST5EDT,M3.2.0,M11.1.0"); // the report ignores the zone
     DFile file(DName("Z:\\dir\\old.bin"), 0x20, 0, nullptr, nullptr, nullptr);
     file.SetFileSize(0, 1);
-    EXPECT_EQ(Report(tree, file), "Z:\\dir\\old.bin\n"
-                                  "Creation Date   : [01/01/1601 00:00:00]\n"
-                                  "Last Access Date: [01/01/1601 00:00:00]\n"
-                                  "Write Date      : [01/01/1601 00:00:00]\n"
-                                  "Size            : 4294967296\n"
-                                  "Attributes      : --A------\n"
-                                  "\n");
+    std::string const zero = "[01/01/1601 00:00:00]\n";
+    EXPECT_EQ(Report(tree, file),
+              "Z:\\dir\\old.bin\nCreation Date   : " + zero + "Last Access Date: " + zero +
+                  "Write Date      : " + zero +
+                  "Size            : 4294967296\nAttributes      : --A------\n\n");
     EXPECT_EQ(Line(file).substr(35), "|" + noDate + "|" + noDate + "|" + noDate);
 
     file.SetFileSize(0xFFFFFFFF, 0);

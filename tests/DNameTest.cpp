@@ -1,30 +1,22 @@
-#include <tessik/DName.h>
-#include <tessik/FileOper.h>
+#include "support/Records.h"
+
 #include <tessik/ShortName.h>
 
 #include "support/Backend.h"
-#include "support/TempTree.h"
 
 #include <gtest/gtest.h>
 
 #include <climits>
 #include <functional>
 #include <memory>
+#include <random>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
-std::string Bytes(DName const& name) {
-    return std::string(&name, name.Size());
-}
-
-DName Raw(std::string const& bytes) {
-    DName name;
-    name.Namen(bytes.data(), static_cast<unsigned int>(bytes.size()));
-    return name;
-}
-
-// What a path edit answered and left: "+text" or "-text".
+// What an edit answered and left: "+text" or "-text".
 template <class Edit> std::string Edited(char const* path, Edit edit) {
     DName name(path);
     bool done = std::invoke(edit, name);
@@ -33,8 +25,7 @@ template <class Edit> std::string Edited(char const* path, Edit edit) {
 
 // The same for an edit that hands a part out: "+text|part".
 std::string Parted(char const* path, bool (DName::*edit)(DName&)) {
-    DName name(path);
-    DName part("old");
+    DName name(path), part("old");
     bool done = (name.*edit)(part);
     return std::string(done ? "+" : "-") + &name + "|" + &part;
 }
@@ -44,55 +35,56 @@ std::string const kZeros("a\0b", 3);
 } // namespace
 
 TEST(DName, HoldsBytesAndKeepsItsLink) {
-    DName empty;
-    EXPECT_STREQ(&empty, "");
     DName fromNull("x");
-    EXPECT_TRUE(fromNull.Namen(nullptr, 5));
-    EXPECT_TRUE(fromNull.isEmpty());
-
+    EXPECT_TRUE(fromNull.Namen(nullptr, 5) && fromNull.isEmpty());
     DName zeros = Raw(kZeros);
-    EXPECT_EQ(zeros.Size(), 3u);
-    EXPECT_EQ(zeros.Char(2), 'b');
-    EXPECT_EQ(zeros[1000], 0);
-    EXPECT_EQ((&zeros)[3], 0);
-
+    EXPECT_TRUE(zeros.Size() == 3 && zeros.Char(2) == 'b' && zeros[1000] == 0 && (&zeros)[3] == 0);
     DName other("y");
-    DName* const otherAddress = std::addressof(other);
-    zeros.link = otherAddress;
+    zeros.link = std::addressof(other);
     DName copy(zeros);
     EXPECT_EQ(copy.link, nullptr);
-    EXPECT_EQ(Bytes(copy), kZeros);
+    EXPECT_EQ(Shown(copy), kZeros);
     zeros = other;
     EXPECT_TRUE(zeros.Copy(copy));
-    EXPECT_EQ(zeros.link, otherAddress);
+    EXPECT_EQ(zeros.link, std::addressof(other));
 
     DName inner("abcdef");
     inner = &inner + 2; // a text inside the name itself
     inner = inner;
     EXPECT_EQ(inner, "cdef");
-
     EXPECT_TRUE(DName(0).isEmpty());
     EXPECT_EQ(DName(INT_MIN), "-2147483648");
+    EXPECT_TRUE(DName() == static_cast<char const*>(nullptr));
+    EXPECT_TRUE(DName("a") != static_cast<char const*>(nullptr));
+    EXPECT_TRUE(Raw(kZeros) != "a" && Raw(kZeros) != DName("a"));
+    EXPECT_TRUE(ShortName("abc") == ShortName("abc") && !(ShortName("abc") == ShortName("abd")));
+    EXPECT_EQ(ShortName("abc").Length(), 3u);
 }
 
-TEST(DName, OrdersUnsignedBytesCaseSensitivelyPrefixFirst) {
-    EXPECT_TRUE(DName("a") < DName("ab"));
-    EXPECT_TRUE(DName("A") < DName("a"));
-    EXPECT_TRUE(DName("\xff") > DName("z"));
-    EXPECT_EQ(DName("b").Comp(DName("a")), 1);
-
-    char const* none = nullptr;
-    EXPECT_TRUE(DName() == none);
-    EXPECT_TRUE(DName("a") != none);
-    EXPECT_TRUE(DName("abc") != "ab");
-    EXPECT_TRUE(Raw(kZeros) != "a");
-    EXPECT_TRUE(Raw(kZeros) != DName("a"));
+// Unsigned bytes, a text before any longer text it begins: the order of std::string.
+TEST(DName, OrdersAsPlainByteStrings) {
+    std::mt19937 random(5);
+    std::string const alphabet("aAz\0\x7f\x80\xff", 7);
+    auto text = [&] {
+        std::string s(random() % 5, ' ');
+        for (char& c : s)
+            c = alphabet[random() % alphabet.size()];
+        return s;
+    };
+    for (int round = 0; round < 3000; ++round) {
+        std::string const a = text(), b = text();
+        DName const x = Raw(a), y = Raw(b);
+        int const expected = a < b ? -1 : (a > b ? 1 : 0);
+        ASSERT_EQ(x.Comp(y), expected) << round;
+        ASSERT_EQ(std::vector<bool>({x == y, x != y, x<y, x> y, x <= y, x >= y}),
+                  std::vector<bool>({a == b, a != b, a<b, a> b, a <= b, a >= b}))
+            << round;
+    }
 }
 
-TEST(DName, Edits) {
+TEST(DName, EditsAndNumbers) {
     DName s("b");
-    EXPECT_TRUE(s.InsertLeft(DName("a")));
-    EXPECT_TRUE(s.InsertRight(DName("c")));
+    EXPECT_TRUE(s.InsertLeft(DName("a")) && s.InsertRight(DName("c")));
     s += s;
     EXPECT_TRUE(s.InsertLeft(s));
     EXPECT_EQ(s, "abcabcabcabc");
@@ -100,84 +92,71 @@ TEST(DName, Edits) {
     s += "de";
     s += static_cast<char const*>(nullptr);
     EXPECT_EQ(s, "abcde");
-
     DName t("x");
     EXPECT_TRUE(t.InsertRight('-', 3));
-    EXPECT_FALSE(t.ModPos(4, 'z'));
-    EXPECT_FALSE(t.Replace('-', '-'));
-    EXPECT_EQ(t.FindFirstChar('-', 3), 3u);
-    EXPECT_EQ(t.FindFirstChar('q'), 4u);
+    EXPECT_FALSE(t.ModPos(4, 'z') || t.Replace('-', '-'));
+    EXPECT_TRUE(t.FindFirstChar('-', 3) == 3 && t.FindFirstChar('q') == 4);
+    EXPECT_EQ(Shown(Raw(kZeros) + Raw(kZeros)), kZeros + kZeros);
 
-    EXPECT_EQ(Bytes(Raw(kZeros) + Raw(kZeros)), kZeros + kZeros);
-}
-
-TEST(DName, Numbers) {
-    DName n;
-    EXPECT_STREQ(&n.FromLong64(0, 1), "0");
-    EXPECT_STREQ(&n.FromLong64(1000, 1), "1,000");
-    EXPECT_STREQ(&n.FromLong64(1234567, 0), "1234567");
-    EXPECT_STREQ(&n.FromLong64(UINT64_MAX, 1), "18,446,744,073,709,551,615");
-
-    EXPECT_EQ(DName(" \t42abc").ToWord(), 42u);
-    EXPECT_EQ(DName("-5").ToWord(), 0u);
-    EXPECT_EQ(DName("4294967297").ToWord(), 1u);
-
+    auto number = [](std::uint64_t value, int commas) {
+        DName n;
+        return Shown(n.FromLong64(value, commas));
+    };
+    EXPECT_EQ(number(0, 1) + "|" + number(1000, 1) + "|" + number(1234567, 0) + "|" +
+                  number(UINT64_MAX, 1),
+              "0|1,000|1234567|18,446,744,073,709,551,615");
+    EXPECT_EQ(std::vector<DWORD>(
+                  {DName(" \t42abc").ToWord(), DName("-5").ToWord(), DName("4294967297").ToWord()}),
+              std::vector<DWORD>({42, 0, 1}));
     DName version("v1.22-333");
-    unsigned int end = 0;
-    EXPECT_EQ(version.GetNumber(1, &end), 22u);
-    EXPECT_EQ(end, 5u);
-    EXPECT_EQ(version.GetNumber(3, &end), 0u);
-    EXPECT_EQ(end, 9u);
+    unsigned int end = 0, end3 = 0;
+    EXPECT_TRUE(version.GetNumber(1, &end) == 22 && end == 5);
+    EXPECT_TRUE(version.GetNumber(3, &end3) == 0 && end3 == 9);
 }
 
-TEST(DName, TakesPathsApart) {
+TEST(DName, TakesPathsApartAndJoinsThem) {
     bool (DName::*remDir)() = &DName::RemDir;
     bool (DName::*remFilename)() = &DName::RemFilename;
-    EXPECT_EQ(Edited("C:\\a\\b\\", remDir), "+b");
-    EXPECT_EQ(Edited("C:a", remDir), "+a");
-    EXPECT_EQ(Edited("C:\\", remDir), "-");
-    EXPECT_EQ(Edited("C:\\a\\b.txt", remFilename), "+C:\\a");
-    EXPECT_EQ(Edited("C:\\a.txt", remFilename), "+C:\\");
-    EXPECT_EQ(Edited("a//b", remFilename), "+a");
-    EXPECT_EQ(Edited("C:\\a\\", remFilename), "+C:\\a");
-    EXPECT_EQ(Edited("\\", remFilename), "-\\");
-
-    EXPECT_EQ(Parted("C:\\a\\b\\\\", &DName::RemDir), "+C:\\a\\b|b");
-    EXPECT_EQ(Parted("C:\\", &DName::RemDir), "+C:\\|");
-    EXPECT_EQ(Parted("", &DName::RemDir), "-|old");
-    EXPECT_EQ(Parted("C:\\a\\b.txt", &DName::RemFilename), "+C:\\a|b.txt");
-    EXPECT_EQ(Parted("C:\\x", &DName::RemDrive), "+\\x|C:");
-    EXPECT_EQ(Parted("1:\\x", &DName::RemDrive), "-1:\\x|old");
-    EXPECT_EQ(Parted("\\\\a\\b/c", &DName::RemIndexDir), "+b/c|a");
-    EXPECT_EQ(Parted("//", &DName::RemIndexDir), "-//|old");
+    auto home = [](char const* where, bool forward) {
+        return [=](DName& name) { return name.AddHome(DName(where), forward); };
+    };
+    auto attach = [](DName& name) { return name.AttachSlash(false); };
+    auto chopOne = [](DName& name) { return name.ChopPath(false); };
+    auto chopAll = [](DName& name) { return name.ChopPath(true); };
+    std::pair<std::string, char const*> const cases[] = {
+        {Edited("C:\\a\\b\\", remDir), "+b"},
+        {Edited("C:a", remDir), "+a"},
+        {Edited("C:\\", remDir), "-"},
+        {Edited("C:\\a\\b.txt", remFilename), "+C:\\a"},
+        {Edited("C:\\a.txt", remFilename), "+C:\\"},
+        {Edited("a//b", remFilename), "+a"},
+        {Edited("C:\\a\\", remFilename), "+C:\\a"},
+        {Edited("\\", remFilename), "-\\"},
+        {Parted("C:\\a\\b\\\\", &DName::RemDir), "+C:\\a\\b|b"},
+        {Parted("C:\\", &DName::RemDir), "+C:\\|"},
+        {Parted("", &DName::RemDir), "-|old"},
+        {Parted("C:\\a\\b.txt", &DName::RemFilename), "+C:\\a|b.txt"},
+        {Parted("C:\\x", &DName::RemDrive), "+\\x|C:"},
+        {Parted("1:\\x", &DName::RemDrive), "-1:\\x|old"},
+        {Parted("\\\\a\\b/c", &DName::RemIndexDir), "+b/c|a"},
+        {Parted("//", &DName::RemIndexDir), "-//|old"},
+        {Edited("x.txt", home("C:\\d", false)), "+C:\\d\\x.txt"},
+        {Edited("x", home("/d/", true)), "+/d/x"},
+        {Edited("x", home("", true)), "+x"},
+        {Edited("C:", attach), "+C:\\"},
+        {Edited("", attach), "+\\"},
+        {Edited("C:\\a\\\\", chopOne), "+C:\\a\\"},
+        {Edited("C:\\a\\/", chopAll), "+C:\\a"},
+        {Edited("C:\\", chopAll), "-C:\\"}};
+    for (auto const& c : cases)
+        EXPECT_EQ(c.first, c.second) << &c - cases;
 
     DName self("C:\\a\\b");
     EXPECT_TRUE(self.RemDir(self));
     EXPECT_EQ(self, "b");
-}
-
-TEST(DName, JoinsPaths) {
-    auto home = [](char const* where, bool forward) {
-        return [=](DName& name) { return name.AddHome(DName(where), forward); };
-    };
-    EXPECT_EQ(Edited("x.txt", home("C:\\d", false)), "+C:\\d\\x.txt");
-    EXPECT_EQ(Edited("x", home("/d/", true)), "+/d/x");
-    EXPECT_EQ(Edited("x", home("", true)), "+x");
-
     DName dir("/");
-    EXPECT_TRUE(dir.AddFile(DName("x"), true));
-    EXPECT_TRUE(dir.AddFile(dir, false));
+    EXPECT_TRUE(dir.AddFile(DName("x"), true) && dir.AddFile(dir, false));
     EXPECT_EQ(dir, "/x\\/x");
-
-    auto attach = [](DName& name) { return name.AttachSlash(false); };
-    EXPECT_EQ(Edited("C:", attach), "+C:\\");
-    EXPECT_EQ(Edited("", attach), "+\\");
-
-    auto chopOne = [](DName& name) { return name.ChopPath(false); };
-    auto chopAll = [](DName& name) { return name.ChopPath(true); };
-    EXPECT_EQ(Edited("C:\\a\\\\", chopOne), "+C:\\a\\");
-    EXPECT_EQ(Edited("C:\\a\\/", chopAll), "+C:\\a");
-    EXPECT_EQ(Edited("C:\\", chopAll), "-C:\\");
 }
 
 TEST(DName, StreamFormSurvivesARoundTripAndRefusesDamage) {
@@ -185,20 +164,15 @@ TEST(DName, StreamFormSurvivesARoundTripAndRefusesDamage) {
     std::string path = tree.Path("names.bin");
     {
         FileOper out(path.c_str(), true);
-        EXPECT_TRUE(DName("plain").Write(out));
-        EXPECT_TRUE(DName().Write(out));
-        EXPECT_TRUE(Raw(kZeros).Write(out));
+        EXPECT_TRUE(DName("plain").Write(out) && DName().Write(out) && Raw(kZeros).Write(out));
         EXPECT_EQ(out.GetLength(), 4u + 5 + 4 + 4 + 3);
     }
     FileOper in(path.c_str(), false);
-    DName name("before");
-    EXPECT_TRUE(name.Read(in));
-    EXPECT_EQ(name, "plain");
-    EXPECT_TRUE(name.Read(in));
-    EXPECT_TRUE(name.isEmpty());
+    DName name("before"), empty("before");
+    EXPECT_TRUE(name.Read(in) && name == "plain" && empty.Read(in) && empty.isEmpty());
     EXPECT_TRUE(name.Read(in));
     EXPECT_FALSE(name.Read(in));
-    EXPECT_EQ(Bytes(name), kZeros);
+    EXPECT_EQ(Shown(name), kZeros);
 
     // A length behind which the bytes are missing, one far beyond the file, a cut header.
     for (std::string damaged : {std::string("\x0a\0\0\0abc", 7), std::string("\xf0\xff\xff\xff"),
@@ -232,33 +206,20 @@ TEST(DName, RadixFormSurvivesARoundTrip) {
 }
 
 TEST(DName, DetUndoesItselfFromTheSameStart) {
-    DName key("k3y");
-    DName plain = Raw(std::string("secret\0text", 11));
-    DName scrambled(plain);
-    unsigned int position = 5;
-    scrambled.det(key, position);
-    EXPECT_EQ(position, 16u);
-    EXPECT_TRUE(scrambled != plain);
-
-    // In pieces as at once, and another start gives other bytes.
-    DName head("secret");
-    DName tail = Raw(std::string("\0text", 5));
-    unsigned int piecewise = 5;
-    head.det(key, piecewise);
-    tail.det(key, piecewise);
-    EXPECT_TRUE(head + tail == scrambled);
-    DName elsewhere(plain);
-    unsigned int other = 6;
-    elsewhere.det(key, other);
-    EXPECT_TRUE(elsewhere != scrambled);
-
-    position = 5;
-    scrambled.det(key, position);
-    EXPECT_TRUE(scrambled == plain);
-    unsigned int unkeyed = 3;
-    scrambled.det(DName(), unkeyed);
-    EXPECT_TRUE(scrambled == plain);
-    EXPECT_EQ(unkeyed, 14u);
+    DName const key("k3y"), plain = Raw(std::string("secret\0text", 11));
+    auto det = [&](DName text, unsigned int start, DName const& with, unsigned int* end = nullptr) {
+        text.det(with, start);
+        if (end)
+            *end = start;
+        return text;
+    };
+    unsigned int end = 0, piece = 0, unkeyed = 0;
+    DName const scrambled = det(plain, 5, key, &end);
+    EXPECT_TRUE(end == 16 && scrambled != plain && det(scrambled, 5, key) == plain);
+    EXPECT_TRUE(det(plain, 6, key) != scrambled);            // another start, other bytes
+    DName const head = det(DName("secret"), 5, key, &piece); // in pieces as at once
+    EXPECT_TRUE(head + det(Raw(std::string("\0text", 5)), piece, key) == scrambled);
+    EXPECT_TRUE(det(plain, 3, DName(), &unkeyed) == plain && unkeyed == 14);
 }
 
 TEST(Wildcard, MatchesStarsAndQuestionMarksInAnyCase) {
@@ -282,12 +243,4 @@ TEST(Wildcard, MatchesStarsAndQuestionMarksInAnyCase) {
     // Would take ages with a matcher that tries every split.
     std::string many(5000, 'a');
     EXPECT_FALSE(PathMatchSpecA(many.c_str(), "*a*a*a*a*a*a*a*a*a*a*b"));
-}
-
-TEST(DName, ShortNameStandsForItsText) {
-    ShortName abc("abc");
-    EXPECT_TRUE(abc == ShortName("abc"));
-    EXPECT_FALSE(abc == ShortName("abd"));
-    EXPECT_EQ(abc.Length(), 3u);
-    EXPECT_TRUE(ShortName() == ShortName(""));
 }

@@ -1,95 +1,73 @@
-#include "support/TempTree.h"
+#include "support/Records.h"
 
 #include <tessik/Controls.h>
-#include <tessik/DFileLoad.h>
 
 #include <gtest/gtest.h>
 
 #include <string>
-#include <vector>
 
 namespace {
 
-std::string Shown(DName const& name) {
-    return std::string(&name, name.Size());
-}
-
-// The cells of one row, column 0 first, up to the last written one; an image shows as "[path]".
-std::vector<std::string> Row(DListControl const& list, unsigned int row) {
-    std::vector<std::string> cells;
+// The cells of one row, column 0 first, up to the last written one, separated by "|"; an image
+// shows as "[path]".
+std::string Row(DListControl const& list, unsigned int row) {
+    std::string cells, pending;
     for (unsigned int column = 0; column < 9; ++column) {
-        std::string cell = Shown(list.CellText(row, column));
-        DName const image = list.CellImage(row, column);
-        if (!image.isEmpty())
-            cell += "[" + Shown(image) + "]";
-        cells.push_back(cell);
+        std::string const image = Shown(list.CellImage(row, column));
+        std::string const cell =
+            Shown(list.CellText(row, column)) + (image.empty() ? "" : "[" + image + "]");
+        pending += (column ? "|" : "") + cell;
+        if (!cell.empty()) // empty cells count only before a written one
+            cells += pending, pending.clear();
     }
-    while (!cells.empty() && cells.back().empty())
-        cells.pop_back();
     return cells;
 }
 
-// The numbers of the rows that hold a cell.
-std::vector<unsigned int> Rows(DListControl const& list) {
-    std::vector<unsigned int> rows;
+// Each row that holds a cell, and its cells.
+std::string Rows(DListControl const& list) {
+    std::string rows;
     unsigned int row = 0;
     for (unsigned int from = 0; list.NextRow(from, &row); from = row + 1)
-        rows.push_back(row);
+        rows += std::to_string(row) + ":" + Row(list, row) + " ";
     return rows;
 }
-
-using Cells = std::vector<std::string>;
 
 } // namespace
 
 TEST(ListDrawing, ReportStyleBitsNumberTheControlColumns) {
     TempTree utc;
-    SYSTEMTIME const fields{2004, 3, 0, 9, 13, 5, 7, 0};
-    FILETIME written = {};
-    ASSERT_TRUE(SystemTimeToFileTime(&fields, &written));
+    FILETIME const written = Utc(2004, 3, 9, 13, 5, 7);
     DFile file(DName("C:\\dir\\big.iso"), 0x20, 0, nullptr, nullptr, &written);
     file.SetFileSize(0, 1); // exactly 4 GiB: the control gets the low word only
     file.SetDateLastAccessed(FILETIME{written.dwLowDateTime, written.dwHighDateTime + 1});
-    std::string const accessed = "3/09/2004 1:12:16 PM"; // 429.5 seconds later
-
     DFileLoad load;
     EXPECT_FALSE(load.DrawFile(file, 0));
     DListControl list;
     load.SetupControls(nullptr, nullptr, nullptr, &list);
-
-    list.SetReportStyle(ColumnName | ColumnSize | ColumnWritten);
-    EXPECT_TRUE(load.DrawFile(file, 3));
-    EXPECT_EQ(Row(list, 3), (Cells{"big.iso[C:\\dir\\big.iso]", "0", "3/09/2004 1:05:07 PM"}));
-
+    // Without the name the drive comes first, as plain text; the path carries the icon only
+    // when it comes first. The access date is 429.5 seconds after the written one.
+    std::string const name = "big.iso[C:\\dir\\big.iso]", none = "0/00/1985 12:00:00 AM";
+    struct Case {
+        unsigned style;
+        std::string row;
+    } const cases[] = {
+        {ColumnName | ColumnSize | ColumnWritten, name + "|0|3/09/2004 1:05:07 PM"},
+        {0xFF, name + "|C:\\|C:\\dir\\big.iso|0|--A------|" + none +
+                   "|3/09/2004 1:12:16 PM|3/09/2004 1:05:07 PM"},
+        {ColumnDrive | ColumnPath | ColumnAttributes, "C:\\|C:\\dir\\big.iso|--A------"},
+        {ColumnPath | ColumnCreated, "C:\\dir\\big.iso[C:\\dir\\big.iso]|" + none},
+        {0, ""}};
+    for (Case const& c : cases) {
+        list.Reset();
+        list.SetReportStyle(c.style);
+        EXPECT_TRUE(load.DrawFile(file, 3));
+        EXPECT_EQ(Rows(list), c.row.empty() ? "" : "3:" + c.row + " ") << c.style;
+    }
     list.Reset();
-    list.SetReportStyle(0xFF);
-    EXPECT_TRUE(load.DrawFile(file, 0));
-    std::string const none = "0/00/1985 12:00:00 AM";
-    EXPECT_EQ(Row(list, 0), (Cells{"big.iso[C:\\dir\\big.iso]", "C:\\", "C:\\dir\\big.iso", "0",
-                                   "--A------", none, accessed, "3/09/2004 1:05:07 PM"}));
-
-    // Without the name the drive text comes first, as plain text, and so does the path.
-    list.Reset();
-    list.SetReportStyle(ColumnDrive | ColumnPath | ColumnAttributes);
-    EXPECT_TRUE(load.DrawFile(file, 0));
-    EXPECT_EQ(Row(list, 0), (Cells{"C:\\", "C:\\dir\\big.iso", "--A------"}));
-
-    // The path carries the icon only when it comes first.
-    list.Reset();
-    list.SetReportStyle(ColumnPath | ColumnCreated);
-    EXPECT_TRUE(load.DrawFile(file, 0));
-    EXPECT_EQ(Row(list, 0), (Cells{"C:\\dir\\big.iso[C:\\dir\\big.iso]", none}));
-
-    list.Reset();
-    list.SetReportStyle(ColumnSize | ColumnAccessed);
+    list.SetReportStyle(ColumnSize);
     file.SetFileSize(0xFFFFFFFF, 0);
     EXPECT_TRUE(load.DrawFile(file, 0));
-    EXPECT_EQ(Row(list, 0), (Cells{"4294967295", accessed}));
-
-    list.Reset();
-    list.SetReportStyle(0);
-    EXPECT_TRUE(load.DrawFile(file, 0));
-    EXPECT_EQ(list.RowCount(), 0u);
+    EXPECT_EQ(Row(list, 0), "4294967295");
 }
 
 TEST(ListDrawing, RedrawsAStretchOfTheListingAtItsPositions) {
@@ -99,42 +77,30 @@ TEST(ListDrawing, RedrawsAStretchOfTheListingAtItsPositions) {
     list.SetReportStyle(ColumnPath);
     DStatusWnd status;
     load.SetupControls(nullptr, nullptr, &status, &list);
-
     // An empty listing: the control is emptied, whatever the bounds.
     list.SetText(DName("stale"), 50, 0);
-    EXPECT_TRUE(load.DrawAllFiles(0, 0));
-    EXPECT_EQ(list.RowCount(), 0u);
-    EXPECT_TRUE(list.HasIcons());
-    EXPECT_TRUE(load.DrawAllFiles(2, 7));
-    EXPECT_EQ(list.RowCount(), 0u);
+    EXPECT_TRUE(load.DrawAllFiles(0, 0) && list.RowCount() == 0 && list.HasIcons());
+    EXPECT_TRUE(load.DrawAllFiles(2, 7) && list.RowCount() == 0);
     unsigned int redraws = list.RedrawCount();
 
-    for (char const* path : {"C:\\r0", "C:\\r1", "C:\\r2", "C:\\r3"})
-        load.InsertRight(DFile(DName(path), 0, 0, nullptr, nullptr, nullptr));
+    for (char const* path : {"r0", "r1", "r2", "r3"})
+        load.InsertRight(Record(path));
+    std::string const all = "0:r0[r0] 1:r1[r1] 2:r2[r2] 3:r3[r3] ";
     struct Bounds {
-        int first;
-        int last;
-        std::vector<unsigned int> rows;
+        int first, last;
+        std::string rows;
     };
-    for (Bounds const& b :
-         {Bounds{0, 0, {0, 1, 2, 3}}, Bounds{-5, -1, {0, 1, 2, 3}}, Bounds{1, 3, {1, 2}},
-          Bounds{2, 0, {2, 3}}, Bounds{3, 3, {}}, Bounds{4, 0, {}}, Bounds{9, 2, {}},
-          Bounds{-1, 100, {0, 1, 2, 3}}, Bounds{0, 2147483647, {0, 1, 2, 3}}}) {
+    for (Bounds const& b : {Bounds{0, 0, all}, Bounds{-5, -1, all}, Bounds{1, 3, all.substr(9, 18)},
+                            Bounds{2, 0, all.substr(18)}, Bounds{3, 3, ""}, Bounds{4, 0, ""},
+                            Bounds{9, 2, ""}, Bounds{-1, 100, all}, Bounds{0, 2147483647, all}}) {
         list.SetText(DName("stale"), 50, 0);
         EXPECT_TRUE(load.DrawAllFiles(b.first, b.last));
         EXPECT_EQ(Rows(list), b.rows) << b.first << " " << b.last;
         EXPECT_EQ(list.RedrawCount(), ++redraws);
-        for (unsigned int row : b.rows)
-            EXPECT_EQ(Row(list, row),
-                      Cells{"C:\\r" + std::to_string(row) + "[C:\\r" + std::to_string(row) + "]"});
     }
-    EXPECT_EQ(Shown(status.Text()), "C:\\r3"); // the last record drawn stays
-
-    // Without a status window the same rows are drawn.
-    load.SetupControls(nullptr, nullptr, nullptr, &list);
-    EXPECT_TRUE(load.DrawAllFiles(1, 0));
-    EXPECT_EQ(Rows(list), (std::vector<unsigned int>{1, 2, 3}));
-    EXPECT_EQ(Shown(status.Text()), "C:\\r3");
-    EXPECT_TRUE(load.DrawAllFiles(0, 1));
-    EXPECT_EQ(Shown(status.Text()), "C:\\r3");
+    EXPECT_EQ(Shown(status.Text()), "r3");                // the last record drawn stays
+    load.SetupControls(nullptr, nullptr, nullptr, &list); // without one, the same rows
+    EXPECT_TRUE(load.DrawAllFiles(1, 0) && load.DrawAllFiles(0, 1));
+    EXPECT_EQ(Rows(list), all.substr(0, 9));
+    EXPECT_EQ(Shown(status.Text()), "r3");
 }

@@ -1,6 +1,4 @@
-#include "support/TempTree.h"
-
-#include <tessik/tessik.h>
+#include "support/Records.h"
 
 #include <gtest/gtest.h>
 
@@ -18,59 +16,104 @@ std::string Names(DFileLoad const& load) {
     return names;
 }
 
-void Add(DFileLoad& load, char const* paths) {
-    std::string const text = paths;
-    for (std::size_t at = 0; at < text.size();) {
-        std::size_t const end = std::min(text.find(' ', at), text.size());
-        std::string const path = text.substr(at, end - at);
-        load.InsertRight(
-            DFile(DName(path.c_str()), path[0] == 'D' ? 0x10 : 0x20, 1, nullptr, nullptr, nullptr));
+// Paths beginning with D are directories.
+void Add(DFileLoad& load, std::string const& paths) {
+    for (std::size_t at = 0; at < paths.size();) {
+        std::size_t const end = std::min(paths.find(' ', at), paths.size());
+        std::string const path = paths.substr(at, end - at);
+        load.InsertRight(Record(path.c_str(), path[0] == 'D' ? 0x10 : 0x20, 1));
         at = end + 1;
     }
 }
 
-int control;
+// Every public field of the listing, by kind; the lists, criteria, found record, enumeration
+// handle and controls are checked on their own.
+DWORD DFileLoad::*const words[] = {
+    &DFileLoad::openFileFlags,   &DFileLoad::browseDirFlags, &DFileLoad::browseFilterIndex,
+    &DFileLoad::totalSearched,   &DFileLoad::totalMatches,   &DFileLoad::totalSearchMilliseconds,
+    &DFileLoad::totalSearchDirs, &DFileLoad::totalArchive,   &DFileLoad::totalCompressed,
+    &DFileLoad::totalNormal,     &DFileLoad::totalDirectory, &DFileLoad::totalHidden,
+    &DFileLoad::totalEncrypted,  &DFileLoad::totalSystem,    &DFileLoad::totalTemporary,
+    &DFileLoad::totalReadOnly};
+std::uint64_t DFileLoad::*const sizes[] = {
+    &DFileLoad::totalMatchesSize,   &DFileLoad::totalArchiveSize,   &DFileLoad::totalCompressedSize,
+    &DFileLoad::totalNormalSize,    &DFileLoad::totalDirectorySize, &DFileLoad::totalHiddenSize,
+    &DFileLoad::totalEncryptedSize, &DFileLoad::totalSystemSize,    &DFileLoad::totalTemporarySize,
+    &DFileLoad::totalReadOnlySize,  &DFileLoad::totalSearchedSize};
+bool DFileLoad::*const flags[] = {&DFileLoad::browseIsDir, &DFileLoad::countOnly,
+                                  &DFileLoad::analysis, &DFileLoad::abortRequested,
+                                  &DFileLoad::searching};
+DName DFileLoad::*const names[] = {&DFileLoad::workPath, &DFileLoad::storedDir,
+                                   &DFileLoad::browseDir, &DFileLoad::browseTitle,
+                                   &DFileLoad::browseFilter};
+Container<DName> DFileLoad::*const lists[] = {&DFileLoad::browseNames, &DFileLoad::searchTerms};
 
-// Something in each kind of field: lists, the search criteria, the found record, names,
-// tallies, flags and an attached control.
-void FillAll(DFileLoad& load) {
-    Add(load, "F1 D1");
-    load.spec.namePatterns.InsertRight(DName("*.txt"));
-    load.spec.streamByte = 8;
-    load.foundFile = "C:\\found";
-    load.foundFile.dataEncrypted = true;
-    load.foundFile.next = load.files.head;
-    load.browseTitle = "title";
-    load.browseNames.InsertRight(DName("chosen"));
-    load.totalReadOnlySize = 14;
-    load.openFileFlags = 5;
-    load.progressBar = reinterpret_cast<DProgressBar*>(&control);
+char controls[12]; // stand-ins: the listing only keeps their addresses
+
+// A value of its own in every field, all different from those of a new object; `seed` makes
+// two such listings different from each other.
+void FillAll(DFileLoad& load, unsigned seed) {
+    Add(load, seed == 1 ? "F1 D1" : "D7 F7 F8");
+    unsigned i = 0;
+    for (auto word : words)
+        load.*word = seed * 1000 + ++i;
+    for (auto size : sizes)
+        load.*size = (std::uint64_t{seed} << 40) + ++i;
+    for (auto flag : flags)
+        load.*flag = seed == 1;
+    for (auto name : names)
+        load.*name = DName(std::to_string(seed * 1000 + ++i).c_str());
+    for (auto list : lists)
+        for (unsigned n = 0; n < seed; ++n)
+            (load.*list).InsertRight(DName(std::to_string(seed * 1000 + ++i).c_str()));
+    load.spec.namePatterns.InsertRight(DName(seed == 1 ? "*.txt" : "*.doc"));
+    load.spec.streamByte = static_cast<BYTE>(seed + 7);
+    load.foundFile = seed == 1 ? "C:\\found" : "C:\\other";
+    load.foundFile.dataEncrypted = seed == 1;
+    load.progressBar = reinterpret_cast<DProgressBar*>(&controls[seed * 4]);
+    load.percentText = reinterpret_cast<DText*>(&controls[seed * 4 + 1]);
+    load.statusWnd = reinterpret_cast<DStatusWnd*>(&controls[seed * 4 + 2]);
+    load.listControl = reinterpret_cast<DListControl*>(&controls[seed * 4 + 3]);
 }
 
 void ExpectSameValues(DFileLoad const& copy, DFileLoad const& source) {
+    for (auto word : words)
+        EXPECT_EQ(copy.*word, source.*word); // the value tells the field
+    for (auto size : sizes)
+        EXPECT_EQ(copy.*size, source.*size);
+    for (auto flag : flags)
+        EXPECT_EQ(copy.*flag, source.*flag);
+    for (auto name : names)
+        EXPECT_EQ(Shown(copy.*name), Shown(source.*name));
+    for (auto list : lists) {
+        ASSERT_EQ((copy.*list).count, (source.*list).count);
+        EXPECT_NE((copy.*list).head, (source.*list).head);
+        for (unsigned n = 0; n < (copy.*list).count; ++n)
+            EXPECT_EQ(Shown((copy.*list)[n]), Shown((source.*list)[n]));
+    }
     EXPECT_EQ(Names(copy), Names(source));
     EXPECT_NE(copy.files.head, source.files.head);
     ASSERT_EQ(copy.spec.namePatterns.count, 1u);
-    EXPECT_STREQ(&copy.spec.namePatterns[0], "*.txt");
-    EXPECT_STREQ(&copy.foundFile.GetFullPath(), "C:\\found");
-    EXPECT_STREQ(&copy.browseTitle, "title");
-    ASSERT_EQ(copy.browseNames.count, 1u);
-    EXPECT_NE(copy.browseNames.head, source.browseNames.head);
-    EXPECT_EQ(copy.totalReadOnlySize, 14u);
-    EXPECT_EQ(copy.openFileFlags, 5u);
+    EXPECT_EQ(Shown(copy.spec.namePatterns[0]), Shown(source.spec.namePatterns[0]));
+    EXPECT_EQ(Shown(copy.foundFile.GetFullPath()), Shown(source.foundFile.GetFullPath()));
     EXPECT_EQ(copy.progressBar, source.progressBar);
+    EXPECT_EQ(copy.percentText, source.percentText);
+    EXPECT_EQ(copy.statusWnd, source.statusWnd);
+    EXPECT_EQ(copy.listControl, source.listControl);
 }
 
 } // namespace
 
 TEST(ListingCopies, CopiesAreValuesOfTheirOwn) {
     DFileLoad source;
-    FillAll(source);
+    FillAll(source, 1);
+    DFile anchor;
+    source.foundFile.next = std::addressof(anchor);
     DFileLoad copy(source);
     ExpectSameValues(copy, source);
-    EXPECT_EQ(copy.spec.streamByte, 0);
+    EXPECT_EQ(copy.spec.streamByte, 0); // as a new object's
     EXPECT_TRUE(copy.foundFile.isDataEncrypted());
-    EXPECT_EQ(copy.foundFile.next, source.files.head);
+    EXPECT_EQ(copy.foundFile.next, std::addressof(anchor));
     copy.DelLeft();
     copy.browseNames.Destroy();
     EXPECT_EQ(Names(source), "F1 D1");
@@ -78,21 +121,16 @@ TEST(ListingCopies, CopiesAreValuesOfTheirOwn) {
     DFileLoad const fresh;
     EXPECT_EQ(DFileLoad(fresh).openFileFlags, 0xAA9A11u);
 
-    // The assignment rebuilds the lists and keeps what the target's spec and record own.
+    // The assignment rebuilds the lists and keeps what the target's criteria and record own.
     DFileLoad target;
-    Add(target, "D7 F7 F8");
-    target.spec.streamByte = 9;
-    DFile anchor;
-    target.foundFile.next = std::addressof(anchor);
-    target.browseNames.InsertRight(DName("old"));
-    target.browseNames.InsertRight(DName("older"));
-    DFileLoad& result = (target = source);
-    EXPECT_EQ(&result, &target);
+    FillAll(target, 2);
+    DFile other;
+    target.foundFile.next = std::addressof(other);
+    EXPECT_EQ(&(target = source), &target);
     ExpectSameValues(target, source);
     EXPECT_EQ(target.spec.streamByte, 9);
     EXPECT_FALSE(target.foundFile.isDataEncrypted());
-    EXPECT_EQ(target.foundFile.next, std::addressof(anchor));
-
+    EXPECT_EQ(target.foundFile.next, std::addressof(other));
     DFileLoad& same = target;
     target = same;
     ExpectSameValues(target, source);
@@ -100,9 +138,7 @@ TEST(ListingCopies, CopiesAreValuesOfTheirOwn) {
 
 TEST(ListingCopies, ACopyNeverSharesAnOpenCursor) {
     TempTree tree;
-    tree.MakeDir("d");
-    for (char const* name : {"d/1", "d/2", "d/3"})
-        tree.MakeFile(name);
+    tree.MakeFiles("d", 3);
     DName const dir(tree.WinPath("d").c_str());
     DFileLoad source;
     ASSERT_TRUE(source.OpenDirListing(DirectoryListingSpec(), dir, 0));
@@ -123,18 +159,6 @@ TEST(ListingCopies, ACopyNeverSharesAnOpenCursor) {
     EXPECT_FALSE(++source);
 }
 
-TEST(ListingCopies, ComparisonsLookAtTheCountOnly) {
-    DFileLoad a, b;
-    Add(a, "F1 F2 F3");
-    Add(b, "D1 D2 D3");
-    EXPECT_TRUE(a == b && !(a != b));
-    EXPECT_TRUE(a == 3u && !(a != 3u) && a != 2u);
-    EXPECT_TRUE(a < 4u && !(a < 3u) && a > 2u && !(a > 3u));
-    EXPECT_TRUE(a >= 3u && !(a >= 4u) && a <= 3u && !(a <= 2u));
-    b.DelLeft();
-    EXPECT_TRUE(a != b && !(a == b));
-}
-
 TEST(ListingCopies, ThinningKeepsOrderAndTheListUsable) {
     DFileLoad load;
     Add(load, "D1 F1 D2 F2 F3 D3");
@@ -148,6 +172,7 @@ TEST(ListingCopies, ThinningKeepsOrderAndTheListUsable) {
 
     EXPECT_TRUE(other.RemFiles());
     EXPECT_EQ(Names(other), "D1 D2 D3");
+    EXPECT_TRUE(other != load && other == 3u && other < 4u && other > 2u); // by the count only
     EXPECT_TRUE(other.RemDirs());
     EXPECT_TRUE(other.isEmpty() && other.files.head == nullptr);
     EXPECT_TRUE(other.RemFiles());

@@ -1,25 +1,8 @@
-#include "support/TempTree.h"
-
-#include <tessik/tessik.h>
+#include "support/Records.h"
 
 #include <gtest/gtest.h>
 
-namespace {
-
-DFile Record(char const* path, DWORD attributes = 0x20, std::uint64_t size = 0) {
-    DFile file(DName(path), attributes, 0, nullptr, nullptr, nullptr);
-    file.SetFileSize(static_cast<DWORD>(size), static_cast<DWORD>(size >> 32));
-    return file;
-}
-
-// 100 ns ticks since 1601 of a time in seconds since 1970 (UTC).
-FILETIME At(std::int64_t seconds, std::int64_t extraTicks = 0) {
-    std::uint64_t const ticks =
-        static_cast<std::uint64_t>((seconds + 11644473600LL) * 10000000LL + extraTicks);
-    return FILETIME{static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
-}
-
-} // namespace
+#include <cstdio>
 
 TEST(MatchFilter, NamesAndDots) {
     DFileLoad load;
@@ -46,69 +29,64 @@ TEST(MatchFilter, NamesAndDots) {
     EXPECT_TRUE(load.IsFileSpec(spec, data));
 }
 
-TEST(MatchFilter, SizesUseTheLowHalf) {
-    DFileLoad load;
-    DirectoryListingSpec spec("*.*");
-    spec.sizeTest = 6;
-    spec.size = 10;
-    spec.sizeUpper = 20;
-    for (std::uint64_t size : {10u, 15u, 20u})
-        EXPECT_TRUE(load.IsFileSpec(spec, Record("f", 0x20, size))) << size;
-    for (std::uint64_t size : {9u, 21u})
-        EXPECT_FALSE(load.IsFileSpec(spec, Record("f", 0x20, size))) << size;
-    spec.size = 30; // a range upside down lets nothing pass
-    EXPECT_FALSE(load.IsFileSpec(spec, Record("f", 0x20, 25)));
-
-    spec.sizeTest = 5;
-    spec.size = 10;
-    EXPECT_TRUE(load.IsFileSpec(spec, Record("f", 0x20, 10)));
-    EXPECT_TRUE(load.IsFileSpec(spec, Record("f", 0x20, 11)));
-    EXPECT_FALSE(load.IsFileSpec(spec, Record("f", 0x20, 9)));
-    spec.sizeTest = 1;
-    spec.size = 5;
-    EXPECT_TRUE(load.IsFileSpec(spec, Record("f", 0x20, (1ull << 32) + 5)));
-    spec.sizeTest = 8; // none of the three bits
-    EXPECT_FALSE(load.IsFileSpec(spec, Record("f", 0x20, 5)));
-    spec.sizeTest = 7;
-    EXPECT_TRUE(load.IsFileSpec(spec, Record("f", 0x20, 123)));
-}
-
-TEST(MatchFilter, AttributesAnyAllAndInverted) {
-    DFileLoad load;
-    DirectoryListingSpec spec("*.*", 0x12, 1);
-    EXPECT_TRUE(load.IsFileSpec(spec, Record("f", 0x02)));
-    spec.attributeTest = 2; // all of them
-    EXPECT_FALSE(load.IsFileSpec(spec, Record("f", 0x02)));
-    EXPECT_TRUE(load.IsFileSpec(spec, Record("f", 0x12)));
-    spec.attributeTest = 5; // any of them, inverted
-    EXPECT_FALSE(load.IsFileSpec(spec, Record("f", 0x02)));
-    EXPECT_TRUE(load.IsFileSpec(spec, Record("f", 0x20)));
-}
-
-TEST(MatchFilter, DatesToTheSecond) {
+TEST(MatchFilter, SizesAttributesAndDates) {
     TempTree tree; // fixes the time zone
+    struct Row {
+        char sizeTest;
+        DWORD size, upper;
+        char attributeTest;
+        DWORD attributes;
+        char writtenTest;
+        std::uint64_t fileSize;
+        DWORD fileAttributes;
+        FILETIME written;
+        bool passes;
+    };
+    FILETIME const second = At(1100000000), halfLater = At(1100000000, 5000000),
+                   before = At(1000000000), after = At(1200000000);
+    Row const rows[] = {
+        {6, 10, 20, 0, 0, 0, 10, 0x20, {}, true}, // a range, both ends included
+        {6, 10, 20, 0, 0, 0, 20, 0x20, {}, true},
+        {6, 10, 20, 0, 0, 0, 9, 0x20, {}, false},
+        {6, 10, 20, 0, 0, 0, 21, 0x20, {}, false},
+        {6, 30, 20, 0, 0, 0, 25, 0x20, {}, false}, // upside down: nothing
+        {5, 10, 0, 0, 0, 0, 10, 0x20, {}, true},
+        {5, 10, 0, 0, 0, 0, 11, 0x20, {}, true},
+        {5, 10, 0, 0, 0, 0, 9, 0x20, {}, false},
+        {1, 5, 0, 0, 0, 0, (1ull << 32) + 5, 0x20, {}, true}, // the low half only
+        {8, 5, 0, 0, 0, 0, 5, 0x20, {}, false},               // none of the three bits
+        {7, 5, 0, 0, 0, 0, 123, 0x20, {}, true},
+        {0, 0, 0, 1, 0x12, 0, 0, 0x02, {}, true},  // any
+        {0, 0, 0, 2, 0x12, 0, 0, 0x02, {}, false}, // all
+        {0, 0, 0, 2, 0x12, 0, 0, 0x12, {}, true},
+        {0, 0, 0, 5, 0x12, 0, 0, 0x02, {}, false}, // any, inverted
+        {0, 0, 0, 5, 0x12, 0, 0, 0x20, {}, true},
+        {0, 0, 0, 0, 0, 1, 0, 0x20, halfLater, true}, // dates to the second
+        {0, 0, 0, 0, 0, 3, 0, 0x20, before, true},
+        {0, 0, 0, 0, 0, 3, 0, 0x20, after, false},
+        {0, 0, 0, 0, 0, 6, 0, 0x20, after, true},
+        {0, 0, 0, 0, 0, 6, 0, 0x20, second, false},
+    };
     DFileLoad load;
-    DirectoryListingSpec spec("*.*");
-    spec.dateWritten = At(1100000000);
-    DFile file = Record("f");
-    file.SetDateWritten(At(1100000000, 5000000)); // half a second later: the same second
-    spec.writtenTest = 1;
-    EXPECT_TRUE(load.IsFileSpec(spec, file));
-    spec.writtenTest = 3;
-    file.SetDateWritten(At(1000000000));
-    EXPECT_TRUE(load.IsFileSpec(spec, file));
-    file.SetDateWritten(At(1200000000));
-    EXPECT_FALSE(load.IsFileSpec(spec, file));
-    spec.writtenTest = 6; // any date but the same second
-    EXPECT_TRUE(load.IsFileSpec(spec, file));
+    for (Row const& row : rows) {
+        DirectoryListingSpec spec("*.*");
+        spec.sizeTest = row.sizeTest, spec.size = row.size, spec.sizeUpper = row.upper;
+        spec.attributeTest = row.attributeTest, spec.attributes = row.attributes;
+        spec.writtenTest = row.writtenTest, spec.dateWritten = second;
+        DFile file = Record("f", row.fileAttributes, row.fileSize);
+        file.SetDateWritten(row.written);
+        EXPECT_EQ(load.IsFileSpec(spec, file), row.passes) << &row - rows;
+    }
 
-    spec.writtenTest = 0;
-    spec.createdTest = 4;
-    spec.dateCreated = At(1100000000);
+    // The created and accessed dates are tested against their own fields.
+    DirectoryListingSpec spec("*.*");
+    spec.createdTest = 4, spec.dateCreated = second;
+    DFile file = Record("f");
     file.SetDateCreated(At(1100000001));
     EXPECT_TRUE(load.IsFileSpec(spec, file));
-    spec.accessedTest = 2;
-    spec.dateLastAccessed = At(1100000000);
-    file.SetDateLastAccessed(At(1100000000));
+    spec.accessedTest = 2, spec.dateLastAccessed = second;
+    file.SetDateLastAccessed(second);
     EXPECT_FALSE(load.IsFileSpec(spec, file));
+    file.SetDateLastAccessed(before);
+    EXPECT_TRUE(load.IsFileSpec(spec, file));
 }

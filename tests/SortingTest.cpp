@@ -1,6 +1,4 @@
-#include "support/TempTree.h"
-
-#include <tessik/tessik.h>
+#include "support/Records.h"
 
 #include <gtest/gtest.h>
 
@@ -63,37 +61,20 @@ void PlainSort(DFileLoad& load) {
 }
 
 // The column order written out from its rules, apart from the library's own.
-int PlainOrder(DName const& left, DName const& right) {
-    return left == right ? 0 : (left > right ? 1 : -1);
-}
-
 bool PlainGreater(DFile const& left, DFile const& right, unsigned column) {
-    int order = 0;
-    switch (column) {
-    case 2:
-    case 4:
+    auto order = [](auto const& a, auto const& b) { return a == b ? 0 : (a > b ? 1 : -1); };
+    int const byValue =
+        column == 8     ? order(left.GetFileSize64(), right.GetFileSize64())
+        : column == 16  ? order(left.FormatAttributes(false, -1), right.FormatAttributes(false, -1))
+        : column == 32  ? left.CompDateCreated(right.dateCreated)
+        : column == 64  ? left.CompDateLastAccessed(right.dateLastAccessed)
+        : column == 128 ? left.CompDateWritten(right.dateWritten)
+                        : 2;
+    if (byValue != 2) // the value first, then the path
+        return byValue != 0 ? byValue > 0 : left.fullPath > right.fullPath;
+    if (column == 2 || column == 4)
         return left.fullPath > right.fullPath;
-    case 8:
-        order = left.GetFileSize64() == right.GetFileSize64()
-                    ? 0
-                    : (left.GetFileSize64() > right.GetFileSize64() ? 1 : -1);
-        break;
-    case 16:
-        order = PlainOrder(left.FormatAttributes(false, -1), right.FormatAttributes(false, -1));
-        break;
-    case 32:
-        order = left.CompDateCreated(right.dateCreated);
-        break;
-    case 64:
-        order = left.CompDateLastAccessed(right.dateLastAccessed);
-        break;
-    case 128:
-        order = left.CompDateWritten(right.dateWritten);
-        break;
-    default:
-        return left.GetFileName() > right.GetFileName();
-    }
-    return order != 0 ? order > 0 : left.fullPath > right.fullPath;
+    return left.GetFileName() > right.GetFileName(); // also numbers that name no column
 }
 
 void PlainSortAlpha(DFileLoad& load, unsigned column, bool descending) {
@@ -118,14 +99,11 @@ void PlainSortAlpha(DFileLoad& load, unsigned column, bool descending) {
     }
     if (!descending)
         return;
-    unsigned a = 0, b = n - 1;
-    do {
+    for (unsigned a = 0, b = n - 1; a < b; ++a, --b) {
         DFile held(load[a]);
         load.files.CopyPos(a, b);
         load.files.ReplacePos(b, held);
-        ++a;
-        --b;
-    } while (a < b);
+    }
 }
 
 // ---- Random listings with many equal keys -------------------------------------------------
@@ -134,20 +112,28 @@ unsigned Pick(std::mt19937& random, unsigned n) {
     return static_cast<unsigned>(random() % n);
 }
 
+// A few seconds in 2010, some of them the same second with other fractions.
 FILETIME Date(std::mt19937& random) {
-    // A few seconds in 2010, some of them the same second with other fractions.
-    std::uint64_t const ticks =
-        (1262304000ull + 11644473600ull + Pick(random, 4)) * 10000000ull + Pick(random, 3);
-    return FILETIME{static_cast<DWORD>(ticks), static_cast<DWORD>(ticks >> 32)};
+    return At(1262304000 + Pick(random, 4), Pick(random, 3));
 }
 
 void Fill(DFileLoad& load, std::mt19937& random, unsigned count) {
-    char const* const names[] = {"Z:\\a", "Z:\\a\\b", "Z:\\B", "Z:\\b", "Z:\\a.txt", "Z:\\c\\a"};
+    // Names that begin others, also beyond the first sixteen bytes.
+    char const* const names[] = {"Z:\\a",
+                                 "Z:\\a\\b",
+                                 "Z:\\B",
+                                 "Z:\\b",
+                                 "Z:\\a.txt",
+                                 "Z:\\c\\a",
+                                 "Z:\\c\\a name of more than 16 bytes",
+                                 "Z:\\c\\a name of more than 16 bytes.txt",
+                                 "Z:\\a name of more than 16 bytes"};
     for (unsigned i = 0; i < count; ++i) {
         FILETIME const created = Date(random), accessed = Date(random), written = Date(random);
-        DFile record(DName(names[Pick(random, 6)]),
-                     (Pick(random, 3) == 0 ? 0x10 : 0x20) | (Pick(random, 2)), 0, &created,
-                     &accessed, &written);
+        DFile record(DName(names[Pick(random, 9)]),
+                     (Pick(random, 3) == 0 ? 0x10 : 0x20) | Pick(random, 2) |
+                         (Pick(random, 5) == 0 ? 0x400 : 0) | (Pick(random, 5) == 0 ? 0x40 : 0),
+                     0, &created, &accessed, &written);
         record.SetFileSize(Pick(random, 3), Pick(random, 4) == 0 ? 1 : 0);
         record.SetIndex(DName(std::to_string(i).c_str())); // tells equal records apart
         load.InsertRight(record);
@@ -159,23 +145,17 @@ void Fill(DFileLoad& load, std::mt19937& random, unsigned count) {
 std::vector<std::string> Picture(DFileLoad const& load, std::map<DFile const*, unsigned>& nodes) {
     std::vector<std::string> picture;
     for (DFile const* file = load.files.head; file; file = file->next) {
-        std::string const line = std::to_string(nodes[file]) + " " + &file->fullPath + " " +
-                                 &file->hashKey + " " + std::to_string(file->GetFileSize64()) +
-                                 " " + std::to_string(file->attributes) + " " +
-                                 std::to_string(file->dataEncrypted) + " " +
-                                 std::to_string(file->dateWritten.dwLowDateTime);
-        picture.push_back(line);
+        if (nodes.size() < load.Size()) // the first picture numbers the nodes
+            nodes[file] = static_cast<unsigned>(nodes.size());
+        picture.push_back(
+            std::to_string(nodes[file]) + " " + &file->fullPath + " " + &file->hashKey + " " +
+            std::to_string(file->GetFileSize64()) + " " + std::to_string(file->attributes) + " " +
+            std::to_string(file->dataEncrypted) + " " + std::to_string(Ticks(file->dateWritten)) +
+            " " + std::to_string(Ticks(file->dateLastAccessed)) + " " +
+            std::to_string(Ticks(file->dateCreated)));
     }
     EXPECT_EQ(picture.size(), load.Size());
     return picture;
-}
-
-std::map<DFile const*, unsigned> NodeNumbers(DFileLoad const& load) {
-    std::map<DFile const*, unsigned> numbers;
-    unsigned i = 0;
-    for (DFile const* file = load.files.head; file; file = file->next)
-        numbers[file] = i++;
-    return numbers;
 }
 
 template <class Plain, class Fast> void Agree(unsigned rounds, Plain plain, Fast fast) {
@@ -183,13 +163,13 @@ template <class Plain, class Fast> void Agree(unsigned rounds, Plain plain, Fast
     std::mt19937 random(4242);
     for (unsigned round = 0; round < rounds; ++round) {
         unsigned const count = Pick(random, 40);
-        std::mt19937 same(static_cast<unsigned>(random()));
-        std::mt19937 copy = same;
+        unsigned const seed = static_cast<unsigned>(random());
+        std::mt19937 same(seed), copy(seed);
         DFileLoad expected, actual;
         Fill(expected, same, count);
         Fill(actual, copy, count);
-        auto expectedNodes = NodeNumbers(expected);
-        auto actualNodes = NodeNumbers(actual);
+        std::map<DFile const*, unsigned> expectedNodes, actualNodes;
+        Picture(expected, expectedNodes), Picture(actual, actualNodes); // numbers the nodes
         unsigned const choice = static_cast<unsigned>(random());
         plain(expected, choice);
         fast(actual, choice);

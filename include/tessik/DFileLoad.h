@@ -284,6 +284,7 @@ private:
     enum class SearchStep { Done, Stopped, OutOfMemory };
     SearchStep SearchDirectory(DirectoryListingSpec const& work, bool recursive,
                                Container<DName>& queue, SearchFeedback& feedback, DWORD& unlisted);
+    bool StepPastUnlisted(DWORD& unlisted);
     bool ContainsTerms(DirectoryListingSpec const& spec, DFile const& file);
     bool FindContaining(char const* buffer, unsigned int const& length,
                         DirectoryListingSpec const& spec, Link<bool>& found);

@@ -98,11 +98,13 @@ struct SYSTEMTIME {
     WORD wMilliseconds;
 };
 
+// The halves go by the name Win32 also gives them (`u`), without its nameless struct, which ISO
+// C++ lacks.
 union ULARGE_INTEGER {
     struct {
         DWORD LowPart;
         DWORD HighPart;
-    };
+    } u;
     std::uint64_t QuadPart;
 };
 
@@ -156,7 +158,7 @@ union LARGE_INTEGER {
     struct {
         DWORD LowPart;
         LONG HighPart;
-    };
+    } u;
     std::int64_t QuadPart;
 };
 

@@ -6,7 +6,9 @@
 #include <ctime>
 #include <fcntl.h>
 #include <ftw.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 namespace {
@@ -75,6 +77,22 @@ void TempTree::MakeFile(std::string const& relative, std::string const& content)
     close(fd);
 }
 
+void TempTree::MakeFifo(std::string const& relative) const {
+    ASSERT_EQ(mkfifo(Path(relative).c_str(), 0644), 0) << relative;
+}
+
+void TempTree::MakeSocket(std::string const& relative) const {
+    sockaddr_un address = {};
+    address.sun_family = AF_UNIX;
+    std::string const path = Path(relative);
+    ASSERT_LT(path.size(), sizeof address.sun_path) << path;
+    path.copy(address.sun_path, path.size());
+    int const fd = socket(AF_UNIX, SOCK_STREAM, 0);
+    ASSERT_GE(fd, 0);
+    EXPECT_EQ(bind(fd, reinterpret_cast<sockaddr const*>(&address), sizeof address), 0) << path;
+    close(fd); // the bound path stays behind
+}
+
 void TempTree::MakeSparseFile(std::string const& relative, std::uint64_t size) const {
     int fd = open(Path(relative).c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     ASSERT_GE(fd, 0) << relative;
@@ -82,10 +100,10 @@ void TempTree::MakeSparseFile(std::string const& relative, std::uint64_t size) c
     close(fd);
 }
 
-void TempTree::SetTimes(std::string const& relative, std::int64_t seconds) const {
+void TempTree::SetTimes(std::string const& relative, std::int64_t seconds, long nanoseconds) const {
     struct timespec times[2];
     times[0].tv_sec = static_cast<time_t>(seconds);
-    times[0].tv_nsec = 0;
+    times[0].tv_nsec = nanoseconds;
     times[1] = times[0];
     ASSERT_EQ(utimensat(AT_FDCWD, Path(relative).c_str(), times, AT_SYMLINK_NOFOLLOW), 0);
 }

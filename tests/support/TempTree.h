@@ -21,9 +21,15 @@ public:
 
     void MakeDir(std::string const& relative) const;
     void MakeFile(std::string const& relative, std::string const& content = "") const;
+    // The directory `dir` with `count` empty files "f0`ext`", "f1`ext`", ...
+    void MakeFiles(std::string const& dir, int count, std::string const& ext = "") const;
+    // A named pipe, and a socket bound to a path: entries that are neither file nor directory.
+    void MakeFifo(std::string const& relative) const;
+    void MakeSocket(std::string const& relative) const;
     void MakeSparseFile(std::string const& relative, std::uint64_t size) const;
-    // Sets the last write and access time, in seconds since 1970 (UTC).
+    // Sets the last write and access time, in seconds since 1970 (UTC) and nanoseconds.
     void SetTimes(std::string const& relative, std::int64_t seconds) const;
+    void SetTimes(std::string const& relative, std::int64_t seconds, long nanoseconds) const;
     void SetMode(std::string const& relative, unsigned mode) const;
 
 private:

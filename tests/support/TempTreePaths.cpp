@@ -1,4 +1,4 @@
-// The paths of a TempTree, the same on every system: under Wine the root is on drive Z: too.
+// What a TempTree does the same on every system; under Wine the root is on drive Z: too.
 #include "support/TempTree.h"
 
 std::string TempTree::Path(std::string const& relative) const {
@@ -11,4 +11,14 @@ std::string TempTree::WinPath(std::string const& relative) const {
         if (c == '/')
             c = '\\';
     return path;
+}
+
+void TempTree::MakeFiles(std::string const& dir, int count, std::string const& ext) const {
+    MakeDir(dir);
+    for (int i = 0; i < count; ++i)
+        MakeFile(dir + "/f" + std::to_string(i) + ext);
+}
+
+void TempTree::SetTimes(std::string const& relative, std::int64_t seconds) const {
+    SetTimes(relative, seconds, 0);
 }

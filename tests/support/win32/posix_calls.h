@@ -15,6 +15,9 @@ inline int setenv(char const* name, char const* value, int) {
 inline int unsetenv(char const* name) {
     return _putenv_s(name, "");
 }
+inline unsigned geteuid() {
+    return 0; // no POSIX users
+}
 inline int mkfifo(char const*, unsigned) {
     return -1;
 }
