@@ -157,8 +157,10 @@ TEST(FileOper, BufferedReadsAndWritesMatchAPlainModel) {
             default: {
                 std::string got(size, '\0');
                 file.Read(&got[0], static_cast<DWORD>(size), true);
-                std::size_t const expected =
-                    position < model.size() ? std::min(size, model.size() - position) : 0;
+                std::size_t const expected = position < model.size()
+                                                 ? static_cast<std::size_t>(std::min<std::uint64_t>(
+                                                       size, model.size() - position))
+                                                 : 0;
                 ASSERT_EQ(file.GetReadSize(), expected) << "step " << step;
                 ASSERT_EQ(got.substr(0, expected), model.substr(position, expected));
                 position += expected;
