@@ -4,6 +4,9 @@
 #include <string>
 #include <utility>
 
+// Emitted here, so that the DLL exports it to hosts that bind a reference to it.
+constexpr unsigned int DListControl::maxColumns;
+
 namespace {
 
 // Writes one cell, making its row when it has none. A failure leaves the rows as they were.

@@ -12,7 +12,7 @@ char const defaultFilter[] = "All Files *.*\0*.*\0"
                              "Word *.doc\0*.doc\0"
                              "Text Files *.txt\0*.txt\0";
 
-constexpr DWORD openFileNameSize = 76;
+DWORD const openFileNameSize = static_cast<DWORD>(OPENFILENAME_SIZE_VERSION_400A);
 constexpr DWORD fileBufferSize = 1256;
 constexpr DWORD fileTitleSize = 256;
 constexpr unsigned int displayNameSize = MAX_PATH + 1;

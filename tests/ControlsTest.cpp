@@ -4,6 +4,8 @@
 #include <tessik/Controls.h>
 #include <tessik/headless.h>
 
+#include "support/Backend.h"
+
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -76,6 +78,7 @@ TEST(Controls, AssignmentCopiesFieldsButNotContent) {
 }
 
 TEST(Controls, EachControlOwnsAHeadlessWindow) {
+    ONLY_ON_POSIX_BACKEND("the headless windows");
     HWND parentWindow = nullptr, childWindow = nullptr;
     {
         DStatic parent;

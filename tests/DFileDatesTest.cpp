@@ -1,5 +1,7 @@
 #include "support/Records.h"
 
+#include "support/Backend.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -41,6 +43,7 @@ TEST(DFileDates, DatesOutsideTheValidYearsReadAsTheFallback) {
 
 // Local times on the twelve-hour clock are shown in DFileTextTest.
 TEST(DFileDates, LocalDatesGoThroughTheZone) {
+    ONLY_ON_POSIX_BACKEND("local time follows TZ");
     TempTree restoresZone;
     UseZone("IST-5:30");
     DFile file;

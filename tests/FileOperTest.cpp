@@ -1,5 +1,6 @@
 #include <tessik/FileOper.h>
 
+#include "support/Backend.h"
 #include "support/TempTree.h"
 
 #include <gtest/gtest.h>
@@ -112,6 +113,7 @@ TEST(FileOper, TextLinesTruncationAndClosing) {
 }
 
 TEST(FileOper, OpensOnlyRegularFiles) {
+    ONLY_ON_POSIX_BACKEND("FIFOs and Unix sockets");
     TempTree tree;
     tree.MakeDir("dir");
     ASSERT_EQ(mkfifo(tree.Path("fifo").c_str(), 0600), 0);

@@ -1,3 +1,4 @@
+#include "support/Backend.h"
 #include "support/TempTree.h"
 
 #include <tessik/tessik.h>
@@ -28,6 +29,7 @@ std::map<std::string, WIN32_FIND_DATAA> Enumerate(std::string const& pattern) {
 } // namespace
 
 TEST(PlatformFind, AttributesOfEveryKindOfEntry) {
+    ONLY_ON_POSIX_BACKEND("links and FIFOs as the emulation reports them");
     TempTree tree;
     tree.MakeFile("plain", "abc");
     tree.MakeFile(".hidden");
@@ -68,6 +70,7 @@ TEST(PlatformFind, AttributesOfEveryKindOfEntry) {
 }
 
 TEST(PlatformFind, OnlyDriveZExists) {
+    ONLY_ON_POSIX_BACKEND("drive Z: is its only drive");
     TempTree tree;
     tree.MakeDir("sub");
     tree.MakeFile("sub/f");

@@ -1,6 +1,7 @@
 // The search over whole trees. Which entries a search lists is compared with a plain walk in
 // HostileNamesTest, as is a deep tree; here: the order, the tallies, the pruning of start
 // directories, the terms.
+#include "support/Backend.h"
 #include "support/TempTree.h"
 
 #include <tessik/tessik.h>
@@ -91,6 +92,7 @@ TEST(RecursiveSearch, OneDirectoryAndItsTallies) {
 }
 
 TEST(RecursiveSearch, OverlappingAndRepeatedDirectories) {
+    ONLY_ON_POSIX_BACKEND("names differing only in case");
     TempTree tree;
     for (char const* dir : {"data", "data/old", "database", "bA", "aA", "Aa", "baA"})
         tree.MakeDir(dir);
@@ -164,6 +166,7 @@ TEST(RecursiveSearch, TextIsSplitIntoTerms) {
 }
 
 TEST(RecursiveSearch, SpecialEntriesAndUnreadableDirectories) {
+    ONLY_ON_POSIX_BACKEND("FIFOs and unreadable directories");
     TempTree tree;
     tree.SetMode("", 0755);
     tree.MakeDir("t");

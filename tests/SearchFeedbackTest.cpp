@@ -4,6 +4,8 @@
 #include <tessik/headless.h>
 #include <tessik/headless_time.h>
 
+#include "support/Backend.h"
+
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -78,6 +80,7 @@ unsigned TextCount(HWND window) {
 } // namespace
 
 TEST(SearchFeedback, PaintsTheShareOfEntriesOnTheBar) {
+    ONLY_ON_POSIX_BACKEND("the headless windows and the clock hook");
     TempTree tree;
     tree.MakeFiles("t", 13);
     Watch watch;
@@ -164,6 +167,7 @@ TEST(SearchFeedback, ShowsTheShareOfMatchesAndTheDirectory) {
 }
 
 TEST(SearchFeedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
+    ONLY_ON_POSIX_BACKEND("the headless windows and the clock hook");
     TempTree tree;
     tree.MakeFiles("t", 5);
     Watch watch;
@@ -213,6 +217,7 @@ TEST(SearchFeedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
 }
 
 TEST(SearchFeedback, DropsABarWithoutDeviceContext) {
+    ONLY_ON_POSIX_BACKEND("the headless windows and the clock hook");
     TempTree tree;
     tree.MakeFiles("t", 3);
     Watch watch;
@@ -235,6 +240,7 @@ TEST(SearchFeedback, DropsABarWithoutDeviceContext) {
 }
 
 TEST(SearchFeedback, StopsWhenAsked) {
+    ONLY_ON_POSIX_BACKEND("the headless windows and the clock hook");
     TempTree tree;
     tree.MakeFiles("a", 3);
     tree.MakeFiles("a/sub", 2);

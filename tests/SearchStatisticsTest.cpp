@@ -2,6 +2,8 @@
 
 #include <tessik/headless_time.h>
 
+#include "support/Backend.h"
+
 #include <gtest/gtest.h>
 
 #include <cctype>
@@ -42,6 +44,7 @@ TEST(SearchStatistics, CountsOfARun) {
 }
 
 TEST(SearchStatistics, AnalysisByAttribute) {
+    ONLY_ON_POSIX_BACKEND("a read-only directory, FIFOs and sockets");
     TempTree tree;
     tree.MakeDir("a");
     tree.MakeDir("a/.hidden");
@@ -85,6 +88,7 @@ TEST(SearchStatistics, AnalysisByAttribute) {
 }
 
 TEST(SearchStatistics, MillisecondsOfAnEmptyQueueStay) {
+    ONLY_ON_POSIX_BACKEND("the clock hook");
     TempTree tree;
     tree.MakeDir("d");
     ClockReset const reset;

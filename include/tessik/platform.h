@@ -14,11 +14,19 @@
 
 #if defined(_WIN32)
 
+// The lean <windows.h> (no winsock.h, which would clash with a host's winsock2.h), with the
+// common dialogs, the shell's folder dialog and the path functions.
+#ifndef WIN32_LEAN_AND_MEAN
+#define WIN32_LEAN_AND_MEAN
+#endif
+#include <windows.h>
+
+#include <commdlg.h>
 #include <shlobj.h>
 #include <shlwapi.h>
+
 #include <stdlib.h>
 #include <string.h>
-#include <windows.h>
 
 // The runtime's own generator; the posix backend declares the same names below.
 inline int msvcrt_rand() {
@@ -332,6 +340,10 @@ TESSIK_API DWORD GetLongPathNameA(char const* path, char* buffer, DWORD size);
 #define BIF_BROWSEINCLUDEFILES 0x4000
 
 typedef UINT_PTR (*LPOFNHOOKPROC)(HWND, UINT, WPARAM, LPARAM);
+
+// The size of the structure up to lpTemplateName, as a 32-bit Windows build has it; on Windows
+// <commdlg.h> gives the value of the build's own width (136 on 64-bit).
+#define OPENFILENAME_SIZE_VERSION_400A 76
 
 struct OPENFILENAMEA {
     DWORD lStructSize;

@@ -59,18 +59,6 @@ TempTree::~TempTree() {
     tzset();
 }
 
-std::string TempTree::Path(std::string const& relative) const {
-    return relative.empty() ? root : root + "/" + relative;
-}
-
-std::string TempTree::WinPath(std::string const& relative) const {
-    std::string path = "Z:" + Path(relative);
-    for (char& c : path)
-        if (c == '/')
-            c = '\\';
-    return path;
-}
-
 void TempTree::MakeDir(std::string const& relative) const {
     ASSERT_EQ(mkdir(Path(relative).c_str(), 0755), 0) << relative;
 }
@@ -80,12 +68,6 @@ void TempTree::MakeFile(std::string const& relative, std::string const& content)
     ASSERT_GE(fd, 0) << relative;
     ASSERT_EQ(write(fd, content.data(), content.size()), static_cast<ssize_t>(content.size()));
     close(fd);
-}
-
-void TempTree::MakeFiles(std::string const& dir, int count, std::string const& ext) const {
-    MakeDir(dir);
-    for (int i = 0; i < count; ++i)
-        MakeFile(dir + "/f" + std::to_string(i) + ext);
 }
 
 void TempTree::MakeFifo(std::string const& relative) const {
@@ -107,10 +89,6 @@ void TempTree::MakeSocket(std::string const& relative) const {
 void TempTree::MakeSparseFile(std::string const& relative, std::uint64_t size) const {
     MakeFile(relative);
     ASSERT_EQ(truncate(Path(relative).c_str(), static_cast<off_t>(size)), 0) << relative;
-}
-
-void TempTree::SetTimes(std::string const& relative, std::int64_t seconds) const {
-    SetTimes(relative, seconds, 0);
 }
 
 void TempTree::SetTimes(std::string const& relative, std::int64_t seconds, long nanoseconds) const {
