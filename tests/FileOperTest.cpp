@@ -30,7 +30,7 @@ TEST(FileOper, BufferedReadsAndWritesMatchAPlainModel) {
     TempTree tree;
     std::string const path = tree.Path("model");
     std::string model;
-    std::uint64_t position = 0;
+    std::size_t position = 0; // within the model: a string of the host's size
     std::mt19937 random(99);
     auto pick = [&](std::size_t n) { return static_cast<std::size_t>(random() % n); };
     std::string pattern; // what is written, from a random start: a shifted copy shows

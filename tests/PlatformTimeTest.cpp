@@ -25,7 +25,7 @@ std::uint64_t TicksOf(SYSTEMTIME const& fields) {
 }
 
 // A local conversion that must succeed.
-std::uint64_t Convert(BOOL (*convert)(FILETIME const*, FILETIME*), std::uint64_t ticks) {
+std::uint64_t Convert(decltype(&FileTimeToLocalFileTime) convert, std::uint64_t ticks) {
     FILETIME const in = Ft(ticks);
     FILETIME out = {};
     EXPECT_TRUE(convert(&in, &out)) << ticks;
@@ -51,7 +51,8 @@ TEST(PlatformTime, FieldsMatchTheCCalendarAndRoundTrip) {
     for (std::uint64_t ticks : samples) {
         FILETIME const in = Ft(ticks);
         ASSERT_TRUE(FileTimeToSystemTime(&in, &t)) << ticks;
-        std::time_t const seconds = static_cast<std::time_t>(ticks / 10000000) - 11644473600LL;
+        std::time_t const seconds =
+            static_cast<std::time_t>(static_cast<std::int64_t>(ticks / 10000000) - 11644473600LL);
         std::tm c = {};
         ASSERT_TRUE(gmtime_r(&seconds, &c));
         SYSTEMTIME const expected = {WORD(c.tm_year + 1900), WORD(c.tm_mon + 1),

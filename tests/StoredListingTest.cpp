@@ -52,11 +52,11 @@ TEST(StoredListing, RoundTripsFindsAndKeepsWhatWasRead) {
         }
         if (count != 3)
             continue;
-        std::vector<std::uint64_t> ends; // where each record ends
+        std::vector<std::size_t> ends; // where each record ends (a stream of a few KiB)
         FileOper in(path.c_str(), false);
         in.SetPos(4);
         for (DFile record; record.Read(in);)
-            ends.push_back(in.GetPos());
+            ends.push_back(static_cast<std::size_t>(in.GetPos()));
         std::string const whole = FileBytes(path);
         ForEachCut(tree, whole, [&](std::string const& part, std::size_t cut) {
             FileOper again(part.c_str(), false);
