@@ -6,9 +6,7 @@
 #include <ctime>
 #include <fcntl.h>
 #include <ftw.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 namespace {
@@ -70,22 +68,6 @@ void TempTree::MakeFile(std::string const& relative, std::string const& content)
     close(fd);
 }
 
-void TempTree::MakeFifo(std::string const& relative) const {
-    ASSERT_EQ(mkfifo(Path(relative).c_str(), 0644), 0) << relative;
-}
-
-void TempTree::MakeSocket(std::string const& relative) const {
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    std::string const path = Path(relative);
-    ASSERT_LT(path.size(), sizeof address.sun_path) << path;
-    path.copy(address.sun_path, path.size());
-    int const fd = socket(AF_UNIX, SOCK_STREAM, 0);
-    ASSERT_GE(fd, 0);
-    EXPECT_EQ(bind(fd, reinterpret_cast<sockaddr const*>(&address), sizeof address), 0) << path;
-    close(fd); // the bound path stays behind
-}
-
 void TempTree::MakeSparseFile(std::string const& relative, std::uint64_t size) const {
     MakeFile(relative);
     ASSERT_EQ(truncate(Path(relative).c_str(), static_cast<off_t>(size)), 0) << relative;
@@ -103,16 +85,7 @@ void TempTree::SetMode(std::string const& relative, unsigned mode) const {
     ASSERT_EQ(chmod(Path(relative).c_str(), mode), 0);
 }
 
-PermissionsApply::PermissionsApply() : active(geteuid() != 0), switched(false) {
-    if (!active && setegid(65534) == 0) {
-        switched = seteuid(65534) == 0;
-        if (!switched && setegid(0) != 0)
-            ADD_FAILURE() << "cannot restore the group";
-        active = switched;
-    }
-}
-
-PermissionsApply::~PermissionsApply() {
-    if (switched && (seteuid(0) != 0 || setegid(0) != 0))
-        ADD_FAILURE() << "cannot restore the user";
+void TempTree::UseZone(char const* zone) const {
+    setenv("TZ", zone, 1);
+    tzset();
 }

@@ -103,15 +103,6 @@ void TempTree::SetTimes(std::string const& relative, std::int64_t seconds, long 
     ASSERT_TRUE(set) << relative;
 }
 
-// Windows has neither: the tests that need them are about the posix backend and skip first.
-void TempTree::MakeFifo(std::string const& relative) const {
-    ADD_FAILURE() << "no named pipe in a directory on Windows: " << relative;
-}
-
-void TempTree::MakeSocket(std::string const& relative) const {
-    ADD_FAILURE() << "no socket in a directory on Windows: " << relative;
-}
-
 // Only the owner's write bit has a Windows form: the read-only attribute.
 void TempTree::SetMode(std::string const& relative, unsigned mode) const {
     std::string const path = Path(relative);
@@ -122,7 +113,5 @@ void TempTree::SetMode(std::string const& relative, unsigned mode) const {
                                    (attributes & ~DWORD(FILE_ATTRIBUTE_READONLY)) | readOnly));
 }
 
-// A Windows process cannot give up its rights for a while: tests of unreadable entries skip.
-PermissionsApply::PermissionsApply() : active(false), switched(false) {}
-
-PermissionsApply::~PermissionsApply() {}
+// Local time on Windows is the system's, whatever TZ holds: the zone stays.
+void TempTree::UseZone(char const*) const {}
