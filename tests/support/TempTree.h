@@ -1,5 +1,6 @@
-// A fresh directory tree for one test: made under the system's temporary directory, removed
-// afterwards. Also fixes TZ and puts the current directory back when the test ends.
+// A fresh directory tree for one test: made under $TMPDIR (or /tmp, on drive Z: under Wine),
+// removed afterwards. Also fixes TZ and puts the current directory back when the test ends.
+// The times and the zone are the system's own business: posix/ and win32/ hold those parts.
 #ifndef TESSIK_TESTS_TEMPTREE_H
 #define TESSIK_TESTS_TEMPTREE_H
 
@@ -25,17 +26,19 @@ public:
     void MakeFiles(std::string const& dir, int count, std::string const& ext = "") const;
     void MakeSparseFile(std::string const& relative, std::uint64_t size) const;
     // Sets the last write and access time, in seconds since 1970 (UTC) and nanoseconds.
-    void SetTimes(std::string const& relative, std::int64_t seconds) const;
-    void SetTimes(std::string const& relative, std::int64_t seconds, long nanoseconds) const;
+    void SetTimes(std::string const& relative, std::int64_t seconds, long nanoseconds = 0) const;
     void SetMode(std::string const& relative, unsigned mode) const;
     // Sets TZ until the tree goes (on Windows, local time stays the system's).
     void UseZone(char const* zone) const;
 
 private:
+    void KeepZone();
+    void RestoreZone() const;
+
     std::string root;
     std::string startDir;
     std::string oldTz;
-    bool hadTz;
+    bool hadTz = false;
 };
 
 #endif
