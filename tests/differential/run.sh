@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
-# Lists one generated tree with the Linux list_tree and with the Windows one under Wine, and
-# compares the records: path, size, attributes and the three dates, sorted by path. They must be
-# the same but for the differences allowed below, which it prints.
+# Searches one generated tree with the Linux tessik-find and with the Windows one under Wine, and
+# compares the records: path, size, attributes and the three dates, in the host's order (by path,
+# directories first). They must be the same but for the differences allowed below, which it
+# prints. Then a smoke run of the Windows host: its help, a missing directory, and one saved
+# listing read back by both hosts.
 #
-# usage: tests/differential/run.sh LINUX_LIST_TREE WINDOWS_LIST_TREE_EXE
+# usage: tests/differential/run.sh LINUX_TESSIK_FIND WINDOWS_TESSIK_FIND_EXE
 set -euo pipefail
 linux=$(realpath "$1")
 windows=$(realpath "$2")
@@ -28,13 +30,19 @@ touch -a -d '2022-01-02 03:04:05' t/readonly.txt
 chmod a-w t/readonly.txt
 
 # Fields: path, size, attributes, created, written, accessed.
+fields=(--fields path,size,attributes,created,written,accessed)
+# The Windows host under Wine, its lines without the CR of Windows text output.
+windows_find() {
+    wine "$windows" "$@" | tr -d '\r'
+    return "${PIPESTATUS[0]}"
+}
 "$linux" t >/dev/null # reading the directories sets their access dates once
-"$linux" t >linux.txt
-wine "$windows" t >windows.txt 2>wine-stderr.txt || {
+"$linux" "${fields[@]}" t >linux.txt
+windows_find "${fields[@]}" t >windows.txt 2>wine-stderr.txt || {
     cat wine-stderr.txt >&2
     exit 1
 }
-tr -d '\r' <windows.txt >windows.lf && mv windows.lf windows.txt
+cp windows.txt windows-search.txt # whole, for the smoke run
 
 # The creation date is compared apart: Wine gives the last write date, not the birth date.
 created=$(diff <(cut -f4 linux.txt) <(cut -f4 windows.txt) | grep -c '^<' || true)
@@ -67,4 +75,36 @@ if ! diff -u <(grep -avE "$pattern" linux.txt) <(grep -avE "$pattern" windows.tx
     status=1
 fi
 [ $status -eq 0 ] && echo "the other $(grep -cavE "$pattern" linux.txt) records are the same"
+
+# The smoke run: each check is a command that succeeds when the check holds.
+smoke() {
+    local what=$1
+    shift
+    if "$@"; then
+        echo "  ok: $what"
+    else
+        echo "  FAILED: $what" >&2
+        status=1
+    fi
+}
+help_shown() { windows_find --help >help.txt && grep -q '^usage: tessik-find' help.txt; }
+missing_told() {
+    local code=0
+    windows_find gone >/dev/null 2>missing.txt || code=$?
+    [ $code -eq 1 ] && grep -q "^tessik-find: 'gone': ." missing.txt
+}
+saved_and_read() {
+    windows_find --save saved.tsk t >saved.txt && [ ! -s saved.txt ] &&
+        windows_find "${fields[@]}" --load saved.tsk | diff - windows-search.txt
+}
+read_on_linux() { "$linux" "${fields[@]}" --load saved.tsk | diff - windows-search.txt; }
+unchanged() { windows_find --changes saved.tsk >changes.txt && [ ! -s changes.txt ]; }
+echo "the Windows host under Wine:"
+smoke "--help exits with 0 and shows the usage" help_shown
+smoke "a missing directory: exit status 1, and on stderr" missing_told
+echo "      $(tr -d '\r' <missing.txt)"
+smoke "--save writes a listing (nothing on stdout) that --load reads back as searched" \
+    saved_and_read
+smoke "the Linux host reads that listing (the same stored form) alike" read_on_linux
+smoke "--changes with it: exit status 0, nothing changed" unchanged
 exit $status
