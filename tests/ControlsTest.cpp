@@ -2,9 +2,6 @@
 #include "support/Records.h"
 
 #include <tessik/Controls.h>
-#include <tessik/headless.h>
-
-#include "support/Backend.h"
 
 #include <gtest/gtest.h>
 
@@ -75,32 +72,4 @@ TEST(Controls, AssignmentCopiesFieldsButNotContent) {
     EXPECT_EQ(Shown(target.CellText(3, 0)) + Shown(target.CellText(0, 0)), "kept");
     target.Reset();
     EXPECT_EQ(changes.calls, 0); // the callback stayed with the source
-}
-
-TEST(Controls, EachControlOwnsAHeadlessWindow) {
-    ONLY_ON_POSIX_BACKEND("the headless windows");
-    HWND parentWindow = nullptr, childWindow = nullptr;
-    {
-        DStatic parent;
-        DProgressBar bar(0, 100, parent.GetHandle(-1, nullptr), 3);
-        parentWindow = parent.GetHandle(-1, nullptr);
-        childWindow = bar.GetHandle(-1, nullptr);
-        ASSERT_TRUE(IsWindow(parentWindow) && IsWindow(childWindow));
-        EXPECT_EQ(bar.GetHandle(3, parentWindow), childWindow);
-        EXPECT_EQ(bar.GetHandle(-1, childWindow), nullptr); // not its parent
-        EXPECT_EQ(bar.GetHandle(4, nullptr), nullptr);
-        DText orphan(childWindow);                // a parent that goes: the control still works
-        ASSERT_TRUE(DestroyWindow(parentWindow)); // takes the child with it
-        EXPECT_FALSE(IsWindow(childWindow) || bar.Redraw(-1));
-        EXPECT_TRUE(orphan.Set(DName("5%")));
-        EXPECT_FALSE(orphan.Redraw(-1));
-        EXPECT_EQ(orphan.RedrawCount(), 1u);
-    }
-    HWND window = nullptr;
-    {
-        DListControl list;
-        window = list.GetHandle(-1, nullptr);
-        ASSERT_TRUE(IsWindow(window));
-    }
-    EXPECT_FALSE(IsWindow(window));
 }

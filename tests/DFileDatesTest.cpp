@@ -44,8 +44,8 @@ TEST(DFileDates, DatesOutsideTheValidYearsReadAsTheFallback) {
 // Local times on the twelve-hour clock are shown in DFileTextTest.
 TEST(DFileDates, LocalDatesGoThroughTheZone) {
     ONLY_ON_POSIX_BACKEND("local time follows TZ");
-    TempTree restoresZone;
-    UseZone("IST-5:30");
+    TempTree zone;
+    zone.UseZone("IST-5:30");
     DFile file;
     SYSTEMTIME local = St(2004, 3, 9, 13, 5, 7, 123);
     local.wDayOfWeek = 2; // a Tuesday

@@ -66,7 +66,7 @@ TEST(DFileText, AttributeFlagsAndWordsFollowTheTableOrder) {
 TEST(DFileText, LineHoldsSixFieldsInLocalTime) {
     ONLY_ON_POSIX_BACKEND("local time follows TZ");
     TempTree zone;
-    UseZone("EST5EDT,M3.2.0,M11.1.0");
+    zone.UseZone("EST5EDT,M3.2.0,M11.1.0");
     FILETIME const created = Utc(2004, 3, 9, 18, 5, 7);
     FILETIME const accessed = Utc(2004, 7, 31, 4, 0, 0);
     FILETIME const written = Utc(2004, 9, 1, 16, 30, 0);
@@ -117,7 +117,7 @@ TEST(DFileText, ReadingOddLines) {
 TEST(DFileText, DatesReadBackFromTheLineToTheSecond) {
     ONLY_ON_POSIX_BACKEND("local time follows TZ");
     TempTree zone;
-    UseZone("IST-5:30");
+    zone.UseZone("IST-5:30");
     FILETIME const created = Utc(2004, 3, 9, 18, 5, 7, 999);
     FILETIME const accessed = Utc(2020, 12, 31, 18, 30, 0); // midnight, local
     FILETIME const written = Utc(2010, 6, 15, 6, 45, 59);   // a quarter past noon, local
@@ -158,7 +158,7 @@ TEST(DFileText, DatesReadBackFromTheLineToTheSecond) {
 
 TEST(DFileText, ReportBlockHasSixLabelledLinesInUtc) {
     TempTree tree;
-    UseZone("EST5EDT,M3.2.0,M11.1.0"); // the report ignores the zone and the valid years
+    tree.UseZone("EST5EDT,M3.2.0,M11.1.0"); // the report ignores the zone and the valid years
     DFile file(DName("Z:\\dir\\old.bin"), 0, 0, nullptr, nullptr, nullptr);
     file.SetFileSize(0xFFFFFFFF, 1);
     file.SetDateCreated(Utc(2004, 3, 9, 18, 5, 7));

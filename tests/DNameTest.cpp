@@ -2,8 +2,6 @@
 
 #include <tessik/ShortName.h>
 
-#include "support/Backend.h"
-
 #include <gtest/gtest.h>
 
 #include <climits>
@@ -199,27 +197,4 @@ TEST(DName, DetPositionWrapsToZero) {
     head.det(key, start);
     tail.det(key, zero);
     EXPECT_TRUE(end == 8 && across == head + tail);
-}
-
-TEST(Wildcard, MatchesStarsAndQuestionMarksInAnyCase) {
-    ONLY_ON_POSIX_BACKEND("PathMatchSpecA as emulated (Wine's: abc is not abc.*, null crashes)");
-    char const* const matching[][2] = {{"README.TXT", "*.txt"},
-                                       {"abxbcd", "*b?d"},
-                                       {"mississippi", "m*iss*ppi"},
-                                       {"abc", "abc.*"},
-                                       {"noext", "*.*"},
-                                       {"a.b.c", "*.C"},
-                                       {"", "*"}};
-    char const* const failing[][2] = {
-        {"readme.txt", "*.doc"}, {"", "?"},        {"abc", "a?"},    {"mississippi", "m*iss*ppx"},
-        {"abcd", "abc.*"},       {"a.b.c", "*.b"}, {"ab", "*?*?*?*"}};
-    for (auto const& c : matching)
-        EXPECT_TRUE(DName(c[0]).isFileSpec(DName(c[1]))) << c[0] << " ~ " << c[1];
-    for (auto const& c : failing)
-        EXPECT_FALSE(DName(c[0]).isFileSpec(DName(c[1]))) << c[0] << " ~ " << c[1];
-    EXPECT_FALSE(PathMatchSpecA(nullptr, "*"));
-
-    // Would take ages with a matcher that tries every split.
-    std::string many(5000, 'a');
-    EXPECT_FALSE(PathMatchSpecA(many.c_str(), "*a*a*a*a*a*a*a*a*a*a*b"));
 }

@@ -1,16 +1,11 @@
-#include "support/Backend.h"
 #include "support/TempTree.h"
 
-#include <tessik/headless.h>
 #include <tessik/tessik.h>
 
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <set>
-#include <sys/stat.h>
-#include <sys/statvfs.h>
-#include <unistd.h>
 
 namespace {
 
@@ -63,7 +58,7 @@ TEST(DirectoryServices, RemoveAndMakeDirOnARealTree) {
         expected.erase(c.gone);
         for (fs::path made = c.made; !made.empty(); made = made.parent_path())
             expected.insert(made.generic_string());
-        ASSERT_EQ(chdir(c.op == 'r' ? "/" : tree.Root().c_str()), 0);
+        fs::current_path(c.op == 'r' ? "/" : tree.Root());
         DFileLoad const load;
         DName const path = Full(tree, c.path);
         bool const result = c.op == 'r'   ? load.Remove(path)
@@ -73,43 +68,4 @@ TEST(DirectoryServices, RemoveAndMakeDirOnARealTree) {
         EXPECT_EQ(Tree(tree), expected) << c.op << c.path;
         EXPECT_TRUE(fs::equivalent(fs::current_path(), *c.cwd == '/' ? "/" : tree.Path(c.cwd)));
     }
-}
-
-TEST(DirectoryServices, FreeRoomIn64KiBUnits) {
-    ONLY_ON_POSIX_BACKEND("the disk room hook");
-    DFileLoad load;
-    for (auto [bytes, units] : {std::pair<std::uint64_t, DWORD>{1000000, 15},
-                                {65535, 0},
-                                {65536, 1},
-                                {(std::uint64_t(1) << 48) + 5 * 65536 + 3, 5}}) {
-        HeadlessSetDiskRoom(&bytes);
-        EXPECT_EQ(load.GetDiskFreeSpaceA(), units) << bytes;
-    }
-    HeadlessSetDiskRoom(nullptr);
-
-    TempTree tree;
-    tree.MakeDir("gone");
-    ASSERT_EQ(chdir(tree.Path("gone").c_str()), 0);
-    struct statvfs room;
-    ASSERT_EQ(statvfs("/", &room), 0); // drive Z: is the file system of "/"
-    double const expected = double(room.f_bavail) * double(room.f_frsize) / 65536;
-    EXPECT_NEAR(load.GetDiskFreeSpaceA(), expected, expected / 100 + 16);
-    ASSERT_EQ(rmdir(tree.Path("gone").c_str()), 0); // the current directory cannot be read
-    EXPECT_EQ(load.GetDiskFreeSpaceA(), 0u);
-}
-
-// Read-only is the owner write bit alone.
-TEST(DirectoryServices, PlatformAttributes) {
-    ONLY_ON_POSIX_BACKEND("the owner write bit");
-    TempTree tree;
-    tree.MakeFile("f");
-    std::string const file = tree.WinPath("f");
-    struct stat status;
-    for (DWORD attributes : {0x21u, 0x20u, 0x1u, 0x80u}) {
-        tree.SetMode("f", attributes & 1 ? 0664 : 0464);
-        EXPECT_TRUE(SetFileAttributesA(file.c_str(), attributes));
-        EXPECT_TRUE(stat(tree.Path("f").c_str(), &status) == 0 &&
-                    (status.st_mode & 0777) == (attributes & 1 ? 0464u : 0664u));
-    }
-    EXPECT_FALSE(SetFileAttributesA(tree.WinPath("missing").c_str(), 0x20));
 }

@@ -1,6 +1,5 @@
 #include <tessik/FileOper.h>
 
-#include "support/Backend.h"
 #include "support/TempTree.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +7,6 @@
 #include <algorithm>
 #include <random>
 #include <string>
-#include <sys/stat.h>
 
 namespace {
 
@@ -110,23 +108,6 @@ TEST(FileOper, TextLinesTruncationAndClosing) {
     }
     EXPECT_TRUE(shrinking.isEof());
     EXPECT_LE(total, 150000u + 96 * 1024);
-}
-
-TEST(FileOper, OpensOnlyRegularFiles) {
-    ONLY_ON_POSIX_BACKEND("FIFOs and Unix sockets");
-    TempTree tree;
-    tree.MakeDir("dir");
-    ASSERT_EQ(mkfifo(tree.Path("fifo").c_str(), 0600), 0);
-    for (char const* name : {"dir", "fifo"}) {
-        EXPECT_FALSE(FileOper(tree.Path(name).c_str(), false).isOpen()) << name;
-        EXPECT_FALSE(FileOper(tree.Path(name).c_str(), true).isOpen()) << name;
-    }
-    EXPECT_FALSE(FileOper(tree.Path("missing").c_str(), false).isOpen());
-    EXPECT_FALSE(FileOper("/dev/null", false).isOpen());
-    struct stat info;
-    if (stat("/proc/self/status", &info) == 0) {
-        EXPECT_FALSE(FileOper("/proc/self/status", false).isOpen());
-    }
 }
 
 TEST(FileOper, ReachesPastFourGiB) {

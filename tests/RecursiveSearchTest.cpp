@@ -2,15 +2,12 @@
 // HostileNamesTest, as is a deep tree; here: the order, the tallies, the pruning of start
 // directories, the terms.
 #include "support/Backend.h"
-#include "support/TempTree.h"
-
-#include <tessik/tessik.h>
+#include "support/Records.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 #include <string>
-#include <sys/stat.h>
 #include <vector>
 
 namespace {
@@ -25,10 +22,6 @@ std::vector<std::string> Paths(DFileLoad const& load) {
 std::set<std::string> PathSet(DFileLoad const& load) {
     auto const paths = Paths(load);
     return std::set<std::string>(paths.begin(), paths.end());
-}
-
-DirectoryListingSpec In(TempTree const& tree, std::string const& dir, char const* pattern = "*.*") {
-    return DirectoryListingSpec(DName(pattern), DName(tree.WinPath(dir).c_str()));
 }
 
 // A search of the given start directories.
@@ -163,28 +156,6 @@ TEST(RecursiveSearch, TextIsSplitIntoTerms) {
         EXPECT_EQ(names, c.names) << c.text << int(c.mode);
         EXPECT_EQ(load.spec.containingMode, c.modeAfter) << c.text << int(c.mode);
     }
-}
-
-TEST(RecursiveSearch, SpecialEntriesAndUnreadableDirectories) {
-    ONLY_ON_POSIX_BACKEND("FIFOs and unreadable directories");
-    TempTree tree;
-    tree.SetMode("", 0755);
-    tree.MakeDir("t");
-    tree.MakeFile("t/hit", "needle");
-    ASSERT_EQ(mkfifo(tree.Path("t/fifo").c_str(), 0644), 0);
-    tree.MakeDir("t/closed");
-    tree.MakeFile("t/closed/hidden-hit", "needle");
-    tree.SetMode("t/closed", 0);
-    DirectoryListingSpec spec = In(tree, "t");
-    spec.textToFind = "needle";
-    spec.containingMode = 1;
-    PermissionsApply permissions;
-    DFileLoad load;
-    ASSERT_TRUE(load.LoadAllDirListings(spec, true));
-    std::set<std::string> expected = {tree.WinPath("t\\hit")};
-    if (!permissions.Active())
-        expected.insert(tree.WinPath("t\\closed\\hidden-hit"));
-    EXPECT_EQ(PathSet(load), expected);
 }
 
 TEST(RecursiveSearch, SizesOver4GiB) {

@@ -1,23 +1,11 @@
 #include "support/Records.h"
 
-#include <tessik/headless_time.h>
-
-#include "support/Backend.h"
-
 #include <gtest/gtest.h>
 
 #include <cctype>
 #include <cstring>
 #include <string>
 #include <vector>
-
-namespace {
-
-struct ClockReset {
-    ~ClockReset() { SetTickSource(nullptr); }
-};
-
-} // namespace
 
 // The plain tallies of a run are checked in RecursiveSearchTest; these are the ones worked out
 // from them.
@@ -41,68 +29,6 @@ TEST(SearchStatistics, CountsOfARun) {
     EXPECT_EQ(searched * 10 + load.GetTotalSearchFiles(), 64u);
     load.totalSearchDirs = 9; // more directories than entries only by hand: no wrap
     EXPECT_EQ(load.GetTotalSearchFiles(), 0u);
-}
-
-TEST(SearchStatistics, AnalysisByAttribute) {
-    ONLY_ON_POSIX_BACKEND("a read-only directory, FIFOs and sockets");
-    TempTree tree;
-    tree.MakeDir("a");
-    tree.MakeDir("a/.hidden");
-    tree.SetMode("a/.hidden", 0555);
-    tree.MakeSparseFile("a/big", (1ull << 32) + 5);
-    tree.MakeFile("a/small", "1234567");
-    tree.MakeFile("a/.file", "abc");
-    tree.MakeFifo("a/pipe");
-    tree.MakeSocket("a/socket");
-    tree.SetMode("a/socket", 0444);
-    tree.MakeDir("b");
-    tree.MakeFile("b/other", "xy");
-
-    DFileLoad load;
-    EXPECT_EQ(load.GetTotalAnalysis(In(tree, "a"), false), 6u);
-    EXPECT_EQ(load.GetTotalMatchesSize(), (1ull << 32) + 5 + 7 + 3);
-    // Archive, directory, hidden, read-only, system, normal, temporary, compressed, encrypted,
-    // then their sizes, the low halves only. Entries that are neither file nor directory are
-    // System, the others never are.
-    EXPECT_EQ(
-        std::vector<std::uint64_t>(
-            {load.GetTotalSearchArchive(), load.GetTotalSearchDirectory(),
-             load.GetTotalSearchHidden(), load.GetTotalSearchReadOnly(),
-             load.GetTotalSearchSystem(), load.GetTotalSearchNormal(),
-             load.GetTotalSearchTemporary(), load.GetTotalSearchCompressed(),
-             load.GetTotalSearchEncrypted(), load.GetTotalSearchArchiveSize(),
-             load.GetTotalSearchDirectorySize(), load.GetTotalSearchHiddenSize(),
-             load.GetTotalSearchReadOnlySize(), load.GetTotalSearchSystemSize(),
-             load.GetTotalSearchNormalSize(), load.GetTotalSearchTemporarySize(),
-             load.GetTotalSearchCompressedSize(), load.GetTotalSearchEncryptedSize()}),
-        std::vector<std::uint64_t>({3, 1, 2, 2, 2, 0, 0, 0, 0, 5 + 7 + 3, 0, 3, 0, 0, 0, 0, 0, 0}));
-
-    // A plain run leaves the analysis of the last one in place; the next analysis starts anew.
-    ASSERT_TRUE(load.LoadDirListing(In(tree, "b")));
-    EXPECT_EQ(load.GetTotalSearchArchive(), 3u);
-    EXPECT_EQ(load.GetTotalAnalysis(In(tree, "b"), false), 1u);
-    EXPECT_EQ(
-        std::vector<std::uint64_t>({load.GetTotalSearchArchive(), load.GetTotalSearchArchiveSize(),
-                                    load.GetTotalSearchHidden(), load.GetTotalSearchSystem()}),
-        std::vector<std::uint64_t>({1, 2, 0, 0}));
-}
-
-TEST(SearchStatistics, MillisecondsOfAnEmptyQueueStay) {
-    ONLY_ON_POSIX_BACKEND("the clock hook");
-    TempTree tree;
-    tree.MakeDir("d");
-    ClockReset const reset;
-    static int calls = 0; // 1000 at the first reading, 12345 ms later at every other
-    SetTickSource([]() -> DWORD { return calls++ == 0 ? 1000 : 13345; });
-    DFileLoad load;
-    ASSERT_TRUE(load.LoadDirListing(In(tree, "d")));
-    EXPECT_EQ(load.GetTotalSearchMilliseconds(), 12345u);
-
-    DirectoryListingSpec nowhere("*.*");
-    nowhere.directories.InsertRight(DName()); // a directory that gives no queue entry
-    EXPECT_TRUE(load.LoadDirListing(nowhere));
-    EXPECT_EQ(load.GetTotalSearchMilliseconds(), 12345u);
-    EXPECT_EQ(load.GetTotalSearchDirs(), 1u);
 }
 
 TEST(SearchStatistics, FiguresOverTheListing) {

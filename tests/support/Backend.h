@@ -1,6 +1,6 @@
-// Which platform backend the library under test runs on. Most tests hold on both; a test about
-// one backend's own behaviour (what the posix emulation reports, the headless windows, the clock
-// hook, the zone of TZ) says so on its first line and skips on the other.
+// Which platform backend the library under test runs on. Tests of the posix backend's own
+// behaviour live in posix/; a library test that Windows (or Wine) cannot hold, such as a zone
+// changed while the program runs, says why on its first line and skips there.
 #ifndef TESSIK_TESTS_BACKEND_H
 #define TESSIK_TESTS_BACKEND_H
 

@@ -47,12 +47,6 @@ inline FILETIME At(std::int64_t seconds, std::int64_t extraTicks = 0) {
     return Ft(static_cast<std::uint64_t>((seconds + 11644473600LL) * 10000000LL + extraTicks));
 }
 
-// Sets TZ; a TempTree of the test puts the old zone back.
-inline void UseZone(char const* zone) {
-    setenv("TZ", zone, 1);
-    tzset();
-}
-
 inline DFile Record(char const* path, DWORD attributes = 0x20, std::uint64_t size = 0) {
     DFile file(DName(path), attributes, 0, nullptr, nullptr, nullptr);
     file.SetFileSize(static_cast<DWORD>(size), static_cast<DWORD>(size >> 32));

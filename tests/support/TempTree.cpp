@@ -3,116 +3,96 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <ctime>
-#include <fcntl.h>
-#include <ftw.h>
-#include <sys/socket.h>
-#include <sys/stat.h>
-#include <sys/un.h>
-#include <unistd.h>
+#include <filesystem>
+#include <fstream>
+#include <random>
+
+namespace fs = std::filesystem;
 
 namespace {
 
-// An unreadable directory left by a test must still be removable: each is opened up on the
-// way down, then everything is removed on the way up.
-int OpenUp(char const* path, struct stat const* st, int, struct FTW*) {
-    return S_ISDIR(st->st_mode) ? (chmod(path, 0700), 0) : 0;
-}
-
-int RemoveEntry(char const* path, struct stat const*, int, struct FTW*) {
-    return remove(path);
+// Gives the owner every right on each entry below `path` (links not followed), so that what a
+// test left unreadable or read-only can be removed.
+void OpenUp(fs::path const& path) {
+    std::error_code ignored;
+    fs::file_type const type = fs::symlink_status(path, ignored).type();
+    if (type == fs::file_type::symlink)
+        return;
+    fs::permissions(path, fs::perms::owner_all, fs::perm_options::add, ignored);
+    if (type == fs::file_type::directory)
+        for (auto const& entry : fs::directory_iterator(path, ignored))
+            OpenUp(entry.path());
 }
 
 } // namespace
 
 TempTree::TempTree() {
-    char const* tz = std::getenv("TZ");
-    hadTz = tz != nullptr;
-    if (tz)
-        oldTz = tz;
-    setenv("TZ", "UTC", 1);
-    tzset();
-
-    char cwd[4096];
-    if (getcwd(cwd, sizeof cwd))
-        startDir = cwd;
-
+    KeepZone();
+    std::error_code error;
+    startDir = fs::current_path(error).string();
     char const* tmp = std::getenv("TMPDIR");
-    std::string pattern = std::string(tmp && *tmp ? tmp : "/tmp") + "/tessik-test-XXXXXX";
-    char* made = mkdtemp(pattern.data());
-    if (!made)
+    std::string const base = std::string(tmp && *tmp ? tmp : "/tmp") + "/tessik-test-";
+    std::mt19937_64 random(std::random_device{}());
+    for (int attempt = 0; attempt < 100 && root.empty(); ++attempt) {
+        std::string const candidate = base + std::to_string(random() % 1000000000);
+        if (fs::create_directory(candidate, error))
+            root = candidate;
+    }
+    if (root.empty())
         ADD_FAILURE() << "cannot make a temporary directory";
-    root = made ? made : "";
 }
 
 TempTree::~TempTree() {
-    if (!startDir.empty() && chdir(startDir.c_str()) != 0)
+    std::error_code error;
+    if (!startDir.empty())
+        fs::current_path(startDir, error);
+    if (error)
         ADD_FAILURE() << "cannot return to " << startDir;
     if (!root.empty()) {
-        nftw(root.c_str(), OpenUp, 16, FTW_PHYS);
-        nftw(root.c_str(), RemoveEntry, 16, FTW_DEPTH | FTW_PHYS);
+        OpenUp(root);
+        fs::remove_all(root, error);
     }
-    if (hadTz)
-        setenv("TZ", oldTz.c_str(), 1);
-    else
-        unsetenv("TZ");
-    tzset();
+    RestoreZone();
+}
+
+std::string TempTree::Path(std::string const& relative) const {
+    return relative.empty() ? root : root + "/" + relative;
+}
+
+std::string TempTree::WinPath(std::string const& relative) const {
+    std::string path = "Z:" + Path(relative);
+    for (char& c : path)
+        if (c == '/')
+            c = '\\';
+    return path;
 }
 
 void TempTree::MakeDir(std::string const& relative) const {
-    ASSERT_EQ(mkdir(Path(relative).c_str(), 0755), 0) << relative;
+    std::error_code error;
+    ASSERT_TRUE(fs::create_directory(Path(relative), error)) << relative;
 }
 
 void TempTree::MakeFile(std::string const& relative, std::string const& content) const {
-    int fd = open(Path(relative).c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    ASSERT_GE(fd, 0) << relative;
-    ASSERT_EQ(write(fd, content.data(), content.size()), static_cast<ssize_t>(content.size()));
-    close(fd);
+    std::ofstream file(Path(relative), std::ios::binary | std::ios::trunc);
+    ASSERT_TRUE(file << content) << relative;
 }
 
-void TempTree::MakeFifo(std::string const& relative) const {
-    ASSERT_EQ(mkfifo(Path(relative).c_str(), 0644), 0) << relative;
-}
-
-void TempTree::MakeSocket(std::string const& relative) const {
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    std::string const path = Path(relative);
-    ASSERT_LT(path.size(), sizeof address.sun_path) << path;
-    path.copy(address.sun_path, path.size());
-    int const fd = socket(AF_UNIX, SOCK_STREAM, 0);
-    ASSERT_GE(fd, 0);
-    EXPECT_EQ(bind(fd, reinterpret_cast<sockaddr const*>(&address), sizeof address), 0) << path;
-    close(fd); // the bound path stays behind
+void TempTree::MakeFiles(std::string const& dir, int count, std::string const& ext) const {
+    MakeDir(dir);
+    for (int i = 0; i < count; ++i)
+        MakeFile(dir + "/f" + std::to_string(i) + ext);
 }
 
 void TempTree::MakeSparseFile(std::string const& relative, std::uint64_t size) const {
     MakeFile(relative);
-    ASSERT_EQ(truncate(Path(relative).c_str(), static_cast<off_t>(size)), 0) << relative;
+    std::error_code error;
+    fs::resize_file(Path(relative), size, error);
+    ASSERT_FALSE(error) << relative;
 }
 
-void TempTree::SetTimes(std::string const& relative, std::int64_t seconds, long nanoseconds) const {
-    struct timespec times[2];
-    times[0].tv_sec = static_cast<time_t>(seconds);
-    times[0].tv_nsec = nanoseconds;
-    times[1] = times[0];
-    ASSERT_EQ(utimensat(AT_FDCWD, Path(relative).c_str(), times, AT_SYMLINK_NOFOLLOW), 0);
-}
-
+// On Windows only the owner's write bit has a form: the read-only attribute.
 void TempTree::SetMode(std::string const& relative, unsigned mode) const {
-    ASSERT_EQ(chmod(Path(relative).c_str(), mode), 0);
-}
-
-PermissionsApply::PermissionsApply() : active(geteuid() != 0), switched(false) {
-    if (!active && setegid(65534) == 0) {
-        switched = seteuid(65534) == 0;
-        if (!switched && setegid(0) != 0)
-            ADD_FAILURE() << "cannot restore the group";
-        active = switched;
-    }
-}
-
-PermissionsApply::~PermissionsApply() {
-    if (switched && (seteuid(0) != 0 || setegid(0) != 0))
-        ADD_FAILURE() << "cannot restore the user";
+    std::error_code error;
+    fs::permissions(Path(relative), static_cast<fs::perms>(mode), error);
+    ASSERT_FALSE(error) << relative;
 }

@@ -1,5 +1,6 @@
-// A fresh directory tree for one test: made under the system's temporary directory, removed
-// afterwards. Also fixes TZ and puts the current directory back when the test ends.
+// A fresh directory tree for one test: made under $TMPDIR (or /tmp, on drive Z: under Wine),
+// removed afterwards. Also fixes TZ and puts the current directory back when the test ends.
+// The times and the zone are the system's own business: posix/ and win32/ hold those parts.
 #ifndef TESSIK_TESTS_TEMPTREE_H
 #define TESSIK_TESTS_TEMPTREE_H
 
@@ -23,36 +24,21 @@ public:
     void MakeFile(std::string const& relative, std::string const& content = "") const;
     // The directory `dir` with `count` empty files "f0`ext`", "f1`ext`", ...
     void MakeFiles(std::string const& dir, int count, std::string const& ext = "") const;
-    // A named pipe, and a socket bound to a path: entries that are neither file nor directory.
-    void MakeFifo(std::string const& relative) const;
-    void MakeSocket(std::string const& relative) const;
     void MakeSparseFile(std::string const& relative, std::uint64_t size) const;
     // Sets the last write and access time, in seconds since 1970 (UTC) and nanoseconds.
-    void SetTimes(std::string const& relative, std::int64_t seconds) const;
-    void SetTimes(std::string const& relative, std::int64_t seconds, long nanoseconds) const;
+    void SetTimes(std::string const& relative, std::int64_t seconds, long nanoseconds = 0) const;
     void SetMode(std::string const& relative, unsigned mode) const;
+    // Sets TZ until the tree goes (on Windows, local time stays the system's).
+    void UseZone(char const* zone) const;
 
 private:
+    void KeepZone();
+    void RestoreZone() const;
+
     std::string root;
     std::string startDir;
     std::string oldTz;
-    bool hadTz;
-};
-
-// While it lives, file permissions apply to the process: a process running as root takes the
-// effective user and group "nobody" (65534) and gets its own back at the end. Active() is false
-// when neither works, and a test of unreadable entries then has nothing to test.
-class PermissionsApply {
-public:
-    PermissionsApply();
-    ~PermissionsApply();
-    PermissionsApply(PermissionsApply const&) = delete;
-    PermissionsApply& operator=(PermissionsApply const&) = delete;
-    bool Active() const { return active; }
-
-private:
-    bool active;
-    bool switched;
+    bool hadTz = false;
 };
 
 #endif

@@ -1,5 +1,6 @@
-// The headless painting that the search feedback is watched through; the paints, fonts and
-// regions of a run are checked in SearchFeedbackTest.
+// The headless windows and painting that the search feedback is watched through; the paints,
+// fonts and regions of a run are checked in SearchFeedbackTest.
+#include <tessik/Controls.h>
 #include <tessik/headless.h>
 #include <tessik/platform.h>
 
@@ -55,4 +56,31 @@ TEST(HeadlessPainting, ContextsFontsPixelsAndRegions) {
     EXPECT_EQ(GetPixel(dc, 0, 0), CLR_INVALID);
     EXPECT_EQ(ReleaseDC(window, dc), 1);
     EXPECT_EQ(ReleaseDC(window, dc), 0);
+}
+
+TEST(Controls, EachControlOwnsAHeadlessWindow) {
+    HWND parentWindow = nullptr, childWindow = nullptr;
+    {
+        DStatic parent;
+        DProgressBar bar(0, 100, parent.GetHandle(-1, nullptr), 3);
+        parentWindow = parent.GetHandle(-1, nullptr);
+        childWindow = bar.GetHandle(-1, nullptr);
+        ASSERT_TRUE(IsWindow(parentWindow) && IsWindow(childWindow));
+        EXPECT_EQ(bar.GetHandle(3, parentWindow), childWindow);
+        EXPECT_EQ(bar.GetHandle(-1, childWindow), nullptr); // not its parent
+        EXPECT_EQ(bar.GetHandle(4, nullptr), nullptr);
+        DText orphan(childWindow);                // a parent that goes: the control still works
+        ASSERT_TRUE(DestroyWindow(parentWindow)); // takes the child with it
+        EXPECT_FALSE(IsWindow(childWindow) || bar.Redraw(-1));
+        EXPECT_TRUE(orphan.Set(DName("5%")));
+        EXPECT_FALSE(orphan.Redraw(-1));
+        EXPECT_EQ(orphan.RedrawCount(), 1u);
+    }
+    HWND window = nullptr;
+    {
+        DListControl list;
+        window = list.GetHandle(-1, nullptr);
+        ASSERT_TRUE(IsWindow(window));
+    }
+    EXPECT_FALSE(IsWindow(window));
 }

@@ -1,4 +1,3 @@
-#include "support/Backend.h"
 #include "support/TempTree.h"
 
 #include <tessik/headless.h>
@@ -25,7 +24,6 @@ struct Dialogs : ::testing::Test {
         HeadlessClearDialogs();
         EXPECT_EQ(chdir(tree.Root().c_str()), 0);
     }
-    void SetUp() override { ONLY_ON_POSIX_BACKEND("the scripted dialogs"); }
     ~Dialogs() override {
         HeadlessClearDialogs();
         HeadlessSetActiveWindow(nullptr);

@@ -4,8 +4,6 @@
 #include <tessik/headless.h>
 #include <tessik/headless_time.h>
 
-#include "support/Backend.h"
-
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -80,7 +78,6 @@ unsigned TextCount(HWND window) {
 } // namespace
 
 TEST(SearchFeedback, PaintsTheShareOfEntriesOnTheBar) {
-    ONLY_ON_POSIX_BACKEND("the headless windows and the clock hook");
     TempTree tree;
     tree.MakeFiles("t", 13);
     Watch watch;
@@ -167,7 +164,6 @@ TEST(SearchFeedback, ShowsTheShareOfMatchesAndTheDirectory) {
 }
 
 TEST(SearchFeedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
-    ONLY_ON_POSIX_BACKEND("the headless windows and the clock hook");
     TempTree tree;
     tree.MakeFiles("t", 5);
     Watch watch;
@@ -217,7 +213,6 @@ TEST(SearchFeedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
 }
 
 TEST(SearchFeedback, DropsABarWithoutDeviceContext) {
-    ONLY_ON_POSIX_BACKEND("the headless windows and the clock hook");
     TempTree tree;
     tree.MakeFiles("t", 3);
     Watch watch;
@@ -240,7 +235,6 @@ TEST(SearchFeedback, DropsABarWithoutDeviceContext) {
 }
 
 TEST(SearchFeedback, StopsWhenAsked) {
-    ONLY_ON_POSIX_BACKEND("the headless windows and the clock hook");
     TempTree tree;
     tree.MakeFiles("a", 3);
     tree.MakeFiles("a/sub", 2);
@@ -312,4 +306,21 @@ TEST(SearchFeedback, StopsWhenAsked) {
     });
     EXPECT_FALSE(bare.LoadDirListing(In(tree, "t")));
     EXPECT_TRUE(bare.totalSearched == 2 && list.RowCount() == 0);
+}
+
+TEST(SearchStatistics, MillisecondsOfAnEmptyQueueStay) {
+    TempTree tree;
+    tree.MakeDir("d");
+    Clock clock(0);
+    static int calls = 0; // 1000 at the first reading, 12345 ms later at every other
+    SetTickSource([]() -> DWORD { return calls++ == 0 ? 1000 : 13345; });
+    DFileLoad load;
+    ASSERT_TRUE(load.LoadDirListing(In(tree, "d")));
+    EXPECT_EQ(load.GetTotalSearchMilliseconds(), 12345u);
+
+    DirectoryListingSpec nowhere("*.*");
+    nowhere.directories.InsertRight(DName()); // a directory that gives no queue entry
+    EXPECT_TRUE(load.LoadDirListing(nowhere));
+    EXPECT_EQ(load.GetTotalSearchMilliseconds(), 12345u);
+    EXPECT_EQ(load.GetTotalSearchDirs(), 1u);
 }
