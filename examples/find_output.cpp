@@ -34,8 +34,10 @@ std::string ColumnText(DFile const& file, unsigned column, OutputForm const& for
         std::string const name = &file.GetFileName();
         return form.posixPaths ? PosixPath(name) : name;
     }
-    case ColumnDrive:
-        return "Z:";
+    case ColumnDrive: {
+        std::string const path = &file.GetFullPath();
+        return path.size() >= 2 && path[1] == ':' ? path.substr(0, 2) : std::string();
+    }
     case ColumnSize:
         return std::to_string(file.GetFileSize64());
     case ColumnAttributes:

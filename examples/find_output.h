@@ -16,7 +16,8 @@ struct OutputForm {
 
 // The text of one column of a record, in the chosen form. Dates are local time, as ISO 8601
 // ("2024-05-01 13:45:10") from the true date, or as the record writes them ("5/01/2024 1:45:10
-// PM", with 0/00/1985 for a date before 1985 or after 2080); the drive is "Z:".
+// PM", with 0/00/1985 for a date before 1985 or after 2080); the drive is the path's ("Z:" on
+// POSIX systems).
 std::string ColumnText(DFile const& file, unsigned column, OutputForm const& form);
 
 // One line a record: attribute flags, size (right-aligned), write date, full path. With

@@ -1,8 +1,6 @@
 #include "find_paths.h"
 
-#include <cstdlib>
 #include <cstring>
-#include <unistd.h>
 
 namespace {
 
@@ -62,18 +60,4 @@ std::string LibraryName(std::string const& posix, bool wildcards) {
 std::string LibraryPath(std::string const& posixPath) {
     std::string const path = "Z:" + LibraryName(posixPath, false);
     return path.size() == 2 ? "Z:\\" : path;
-}
-
-std::string FullPosixPath(std::string const& written) {
-    std::string posix = PosixPath(written);
-    if (posix.empty() || posix[0] != '/') {
-        char* const current = getcwd(nullptr, 0);
-        posix = std::string(current ? current : "") + "/" + posix;
-        std::free(current);
-    }
-    return posix;
-}
-
-std::string FullLibraryPath(std::string const& written) {
-    return LibraryPath(FullPosixPath(written));
 }

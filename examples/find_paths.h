@@ -16,10 +16,4 @@ std::string LibraryName(std::string const& posix, bool wildcards);
 // An absolute POSIX path as the library writes it: "/a/b" gives "Z:\a\b", "/" gives "Z:\".
 std::string LibraryPath(std::string const& posixPath);
 
-// A path as the user wrote it (POSIX or Windows form, absolute or relative to the current
-// directory) as a full POSIX path, or as the library's full path; without a look at the file
-// system. (A search changes the current directory: file names are made full before it.)
-std::string FullPosixPath(std::string const& written);
-std::string FullLibraryPath(std::string const& written);
-
 #endif

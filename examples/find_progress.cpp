@@ -1,25 +1,16 @@
 #include "find_progress.h"
 
-#include "find_interrupt.h"
 #include "find_paths.h"
+#include "find_system.h"
 
+#include <cctype>
 #include <cstdio>
-#include <cstring>
-#include <sys/ioctl.h>
-#include <unistd.h>
 
 namespace {
 
 std::chrono::milliseconds const drawInterval(100);
 // The clock is read at every 64th change only: the bar changes at every entry.
 unsigned const clockStride = 64;
-
-unsigned TerminalWidth() {
-    winsize size = {};
-    if (ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0)
-        return size.ws_col;
-    return 80;
-}
 
 // The end of `text` in at most `width` bytes, "..." in front when it was cut.
 std::string Tail(std::string const& text, unsigned width) {
@@ -91,10 +82,13 @@ void ProgressView::OnChange(DIBasics const& control) {
 }
 
 // The status window shows each directory as the search turns to it (and is redrawn then, which
-// calls back once more); its other texts are messages, which do not start with the drive.
+// calls back once more); its other texts are messages, which do not start with a drive (C:) or
+// a network share (\\server).
 void ProgressView::CountDirectory() {
     DName const text = status.Text();
-    if (text == lastStatus || std::strncmp(&text, "Z:", 2) != 0)
+    char const* const start = &text;
+    bool const drive = std::isalpha(static_cast<unsigned char>(start[0])) && start[1] == ':';
+    if (text == lastStatus || !(drive || (start[0] == '\\' && start[1] == '\\')))
         return;
     lastStatus = text;
     ++directoriesSeen;

@@ -2,46 +2,20 @@
 
 #include "find_checks.h"
 #include "find_paths.h"
+#include "find_system.h"
 
-#include <cerrno>
-#include <climits>
 #include <cstdio>
-#include <cstdlib>
-#include <cstring>
-#include <sys/stat.h>
-
-namespace {
-
-// The full path of the directory `written` leads to (through links), or false with the
-// reason in errno.
-bool ResolveDirectory(std::string const& written, std::string& full) {
-    std::string const posix = PosixPath(written);
-    struct stat status = {};
-    if (stat(posix.c_str(), &status) != 0)
-        return false;
-    if (!S_ISDIR(status.st_mode)) {
-        errno = ENOTDIR;
-        return false;
-    }
-    char* const resolved = realpath(posix.c_str(), nullptr);
-    if (!resolved)
-        return false;
-    full = resolved;
-    std::free(resolved);
-    return true;
-}
-
-} // namespace
 
 bool AddDirectories(FindOptions const& options, DirectoryListingSpec& spec) {
     std::vector<std::string> const current = {"."};
     bool allFound = true;
     for (std::string const& written : options.directories.empty() ? current : options.directories) {
         std::string full;
-        if (ResolveDirectory(written, full)) {
-            spec.directories.InsertRight(DName(LibraryPath(full).c_str()));
+        std::string error;
+        if (DirectoryToSearch(written, full, error)) {
+            spec.directories.InsertRight(DName(full.c_str()));
         } else {
-            std::fprintf(stderr, "tessik-find: '%s': %s\n", written.c_str(), std::strerror(errno));
+            std::fprintf(stderr, "tessik-find: '%s': %s\n", written.c_str(), error.c_str());
             allFound = false;
         }
     }

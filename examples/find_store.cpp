@@ -1,13 +1,9 @@
 #include "find_store.h"
 
-#include <cerrno>
-#include <cstdio>
-#include <cstdlib>
+#include "find_system.h"
+
 #include <cstring>
-#include <fcntl.h>
 #include <functional>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -17,39 +13,25 @@ char const keptMark[4] = {'t', 'f', 'k', '1'};
 // Makes `file` by `write` through a temporary file beside it, made durable, then renamed.
 bool WriteWhole(std::string const& file, std::function<bool(FileOper&)> const& write,
                 std::string& error) {
-    std::string temporary = file + ".XXXXXX";
-    int const descriptor = mkstemp(&temporary[0]);
-    if (descriptor < 0) {
-        error = std::strerror(errno);
+    std::string temporary;
+    if (!NewFileBeside(file, temporary, error))
         return false;
-    }
-    close(descriptor);
     bool written = false;
     {
         FileOper stream(temporary.c_str(), true);
         written = stream.isOpen() && write(stream) && stream.Flush();
     }
-    int const synced = open(temporary.c_str(), O_RDONLY);
-    written = written && synced >= 0 && fsync(synced) == 0;
-    if (synced >= 0)
-        close(synced);
-    if (!written || std::rename(temporary.c_str(), file.c_str()) != 0) {
-        error = written ? std::strerror(errno) : "could not write the whole file";
-        unlink(temporary.c_str());
+    written = written && MakeDurable(temporary);
+    if (!written || !PutInPlace(temporary, file, error)) {
+        if (!written)
+            error = "could not write the whole file";
+        _unlink(temporary.c_str());
         return false;
     }
     return true;
 }
 
 } // namespace
-
-bool CanSave(std::string const& file, std::string& error) {
-    std::string const directory = file.substr(0, file.rfind('/') + 1);
-    if (access(directory.empty() ? "." : directory.c_str(), W_OK | X_OK) == 0)
-        return true;
-    error = std::strerror(errno);
-    return false;
-}
 
 bool SaveListing(std::string const& file, DirectoryListingSpec& spec, DFileLoad& load,
                  std::vector<std::string> const& keptArguments, std::string& error) {
@@ -71,15 +53,8 @@ bool SaveReport(std::string const& file, DFileLoad& load, std::string& error) {
 }
 
 bool SavedFile::Open(std::string const& file, std::string& error) {
-    struct stat status = {};
-    if (stat(file.c_str(), &status) != 0) {
-        error = std::strerror(errno);
+    if (!IsFile(file, error))
         return false;
-    }
-    if (S_ISDIR(status.st_mode)) {
-        error = std::strerror(EISDIR);
-        return false;
-    }
     stream.reset(new FileOper(file.c_str(), false));
     if (!stream->isOpen()) {
         error = "cannot be opened";

@@ -12,10 +12,6 @@
 #include <string>
 #include <vector>
 
-// True when `file` can be made: its directory exists and can be written. Checked before a
-// search, so a search is not spent on a listing that cannot be saved.
-bool CanSave(std::string const& file, std::string& error);
-
 // Writes the file beside its final name and renames it into place only when it is complete,
 // so an existing file is replaced only by a whole new one. False with the reason in `error`.
 bool SaveListing(std::string const& file, DirectoryListingSpec& spec, DFileLoad& load,

@@ -1,11 +1,7 @@
 #include "find_unreadable.h"
 
 #include "find_paths.h"
-
-#include <cerrno>
-#include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
+#include "find_system.h"
 
 UnreadableWatch::UnreadableWatch(DirectoryListingSpec const& searched, bool posix)
     : spec(searched), contentTest(searched.containingMode != 0), posixPaths(posix) {
@@ -15,7 +11,7 @@ UnreadableWatch::UnreadableWatch(DirectoryListingSpec const& searched, bool posi
 
 void UnreadableWatch::DirectoryStarts(DFileLoad const& load, std::string const& next) {
     if (!directory.empty() && load.totalSearched == entriesBefore)
-        Check(directory, R_OK | X_OK, directories);
+        Check(directory, true, directories);
     directory = next;
     entriesBefore = load.totalSearched;
 }
@@ -28,16 +24,15 @@ void UnreadableWatch::EntryCounted(DFileLoad const& load) {
     // Only regular files are opened: no directory, link (0x400) or device (0x4).
     if (entry.isAnAttribute(0x414) || !filter.IsFileSpec(spec, entry))
         return;
-    Check(&entry.GetFullPath(), R_OK, files);
+    Check(&entry.GetFullPath(), false, files);
 }
 
-// Effective ids, as the opening itself uses them.
-void UnreadableWatch::Check(std::string const& path, int mode, unsigned& count) {
-    std::string const posix = PosixPath(path);
-    if (faccessat(AT_FDCWD, posix.c_str(), mode, AT_EACCESS) == 0 || errno == ENAMETOOLONG)
-        return; // the listing walks long paths in pieces
+void UnreadableWatch::Check(std::string const& path, bool isDirectory, unsigned& count) {
+    std::string reason;
+    if (CanRead(path, isDirectory, reason))
+        return;
     ++count;
-    messages += "tessik-find: " + (posixPaths ? posix : path) + ": " + std::strerror(errno) + "\n";
+    messages += "tessik-find: " + (posixPaths ? PosixPath(path) : path) + ": " + reason + "\n";
 }
 
 std::string UnreadableWatch::TakeMessages() {

@@ -27,7 +27,7 @@ public:
     unsigned Files() const { return files; }
 
 private:
-    void Check(std::string const& path, int mode, unsigned& count);
+    void Check(std::string const& path, bool isDirectory, unsigned& count);
 
     DirectoryListingSpec spec;
     DFileLoad filter; // tests an entry against everything but its content

@@ -5,7 +5,6 @@
 // listing, and saves the listing or its report when asked.
 #include "find_changes.h"
 #include "find_checks.h"
-#include "find_interrupt.h"
 #include "find_options.h"
 #include "find_order.h"
 #include "find_output.h"
@@ -13,12 +12,12 @@
 #include "find_progress.h"
 #include "find_search.h"
 #include "find_store.h"
+#include "find_system.h"
 #include "find_unreadable.h"
 
 #include <tessik/tessik.h>
 
 #include <cstdio>
-#include <unistd.h>
 
 namespace {
 
@@ -142,7 +141,7 @@ int main(int argc, char** argv) {
     for (std::string* file : {&options.saveFile, &options.reportFile}) {
         if (file->empty())
             continue;
-        *file = FullPosixPath(*file);
+        *file = FullPath(*file);
         if (!CanSave(*file, error))
             return BadFile(*file, "cannot be saved: " + error);
     }
@@ -150,8 +149,8 @@ int main(int argc, char** argv) {
     std::setvbuf(stdout, nullptr, _IOFBF, 1 << 16);
     if (!options.findInFile.empty())
         return FindIn(options);
-    bool const draw = !options.quiet && isatty(STDERR_FILENO);
-    bool const tallies = options.stats || (!options.quiet && isatty(STDOUT_FILENO));
+    bool const draw = !options.quiet && IsTerminal(stderr);
+    bool const tallies = options.stats || (!options.quiet && IsTerminal(stdout));
 
     DFileLoad load;  // what the search finds, or the listing of --load
     DFileLoad saved; // the listing of --changes

@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
-# Lists one generated tree with the Linux list_tree and with the Windows one under Wine, and
-# compares the records: path, size, attributes and the three dates, sorted by path. They must be
-# the same but for the differences allowed below, which it prints.
+# Searches one generated tree with the Linux tessik-find and with the Windows one under Wine, and
+# compares the records: path, size, attributes and the three dates, in the host's order (by path,
+# directories first). They must be the same but for the differences allowed below, which it
+# prints. Then each host reads the listing the other saved (one stored form on both systems), and
+# the Windows host tells a missing directory. (tests/host/smoke.sh tests each host on its own.)
 #
-# usage: tests/differential/run.sh LINUX_LIST_TREE WINDOWS_LIST_TREE_EXE
+# usage: tests/differential/run.sh LINUX_TESSIK_FIND WINDOWS_TESSIK_FIND_EXE
 set -euo pipefail
 linux=$(realpath "$1")
 windows=$(realpath "$2")
@@ -28,13 +30,22 @@ touch -a -d '2022-01-02 03:04:05' t/readonly.txt
 chmod a-w t/readonly.txt
 
 # Fields: path, size, attributes, created, written, accessed.
+fields=(--fields path,size,attributes,created,written,accessed)
+# The Windows host under Wine, its lines without the CR of Windows text output.
+windows_find() {
+    wine "$windows" "$@" | tr -d '\r'
+    return "${PIPESTATUS[0]}"
+}
 "$linux" t >/dev/null # reading the directories sets their access dates once
-"$linux" t >linux.txt
-wine "$windows" t >windows.txt 2>wine-stderr.txt || {
+"$linux" "${fields[@]}" t >linux.txt
+cp linux.txt linux-search.txt
+# Saved before Wine reads the links, which sets their access dates.
+"$linux" --save linux.tsk t
+windows_find "${fields[@]}" t >windows.txt 2>wine-stderr.txt || {
     cat wine-stderr.txt >&2
     exit 1
 }
-tr -d '\r' <windows.txt >windows.lf && mv windows.lf windows.txt
+cp windows.txt windows-search.txt
 
 # The creation date is compared apart: Wine gives the last write date, not the birth date.
 created=$(diff <(cut -f4 linux.txt) <(cut -f4 windows.txt) | grep -c '^<' || true)
@@ -67,4 +78,35 @@ if ! diff -u <(grep -avE "$pattern" linux.txt) <(grep -avE "$pattern" windows.tx
     status=1
 fi
 [ $status -eq 0 ] && echo "the other $(grep -cavE "$pattern" linux.txt) records are the same"
+
+# Each check is a command that succeeds when the check holds.
+check() {
+    local what=$1
+    shift
+    if "$@"; then
+        echo "  ok: $what"
+    else
+        echo "  FAILED: $what" >&2
+        status=1
+    fi
+}
+read_on_windows() {
+    windows_find "${fields[@]}" --load linux.tsk | diff - linux-search.txt
+}
+read_on_linux() {
+    windows_find --save windows.tsk t && "$linux" "${fields[@]}" --load windows.tsk |
+        diff - windows-search.txt
+}
+missing_told() {
+    local code=0
+    windows_find gone >/dev/null 2>missing.txt || code=$?
+    [ $code -eq 1 ] && grep -q "^tessik-find: 'gone': ." missing.txt
+}
+echo "saved listings, and the Windows host on its own:"
+check "the Windows host --loads the listing the Linux host --saved: the Linux records" \
+    read_on_windows
+check "the Linux host --loads the listing the Windows host --saved: the Windows records" \
+    read_on_linux
+check "a missing directory: exit status 1, and on stderr" missing_told
+echo "      $(tr -d '\r' <missing.txt)"
 exit $status
