@@ -5,39 +5,6 @@
 // own: the copy's cursor is closed.
 #include <tessik/DFileLoad.h>
 
-namespace {
-
-// Removes, in one pass, every record for which `removes` holds; the others keep their order.
-// False when the chain ends before `count` records.
-template <class Test> bool RemoveRecords(Container<DFile>& files, Test removes) {
-    DFile** link = &files.head;
-    DFile* last = nullptr;
-    unsigned const total = files.count;
-    bool whole = true;
-    for (unsigned pos = 0; pos < total; ++pos) {
-        DFile* const file = *link;
-        if (!file) {
-            whole = false;
-            break;
-        }
-        if (removes(*file)) {
-            *link = file->next;
-            --files.count;
-            delete file; // the destructor empties the record
-        } else {
-            last = file;
-            link = &file->next;
-        }
-    }
-    if (whole)
-        files.Relinked(last);
-    else
-        files.Relinked();
-    return whole;
-}
-
-} // namespace
-
 // Field by field as the assignment does, on a new object: its criteria keep the stream byte 0
 // of a new object, and its found record takes over the source's link and scrambling state,
 // which an assignment leaves to the target.
@@ -101,11 +68,11 @@ DFileLoad& DFileLoad::operator=(DFileLoad const& other) {
 }
 
 bool DFileLoad::RemDirs() {
-    return RemoveRecords(files, [](DFile const& file) { return file.isDir(); });
+    return files.DelIf([](DFile const& file) { return file.isDir(); });
 }
 
 bool DFileLoad::RemFiles() {
-    return RemoveRecords(files, [](DFile const& file) { return file.isFile(); });
+    return files.DelIf([](DFile const& file) { return file.isFile(); });
 }
 
 bool DFileLoad::operator==(DFileLoad const& other) const {

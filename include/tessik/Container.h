@@ -4,9 +4,13 @@
 // gives an element's link). An index at or past `count` gives the first element. Behind the
 // public fields the list keeps its last element and the last position it reached, so appending
 // and a loop over increasing positions cost O(1) a step; every operation that relinks keeps
-// them right, and code that relinks the chain by hand calls Relinked() afterwards.
+// them right, and code that relinks the chain by hand calls Relinked() afterwards. The elements
+// live in the list's own pool (ElementPool); one made elsewhere with `new` and linked in by hand
+// is deleted as usual.
 #ifndef TESSIK_CONTAINER_H
 #define TESSIK_CONTAINER_H
+
+#include <tessik/ElementPool.h>
 
 #include <new>
 
@@ -15,7 +19,9 @@ public:
     unsigned count;
     T* head;
 
-    Container() : count(0), head(nullptr), tail(nullptr), reachedPos(0), reached(nullptr) {}
+    Container()
+        : count(0), head(nullptr), tail(nullptr), reachedPos(0), reached(nullptr), pool(sizeof(T)) {
+    }
     Container(Container const& other) : Container() { *this = other; }
     ~Container() { Destroy(); }
 
@@ -168,6 +174,35 @@ public:
         return true;
     }
 
+    // Removes, in one pass, every element for which `removes` holds; the others keep their
+    // order. False when the chain ends before `count` elements.
+    template <class Test> bool DelIf(Test removes) {
+        T** link = &head;
+        T* last = nullptr;
+        unsigned const total = count;
+        bool whole = true;
+        for (unsigned pos = 0; pos < total; ++pos) {
+            T* const element = *link;
+            if (!element) {
+                whole = false;
+                break;
+            }
+            if (removes(*element)) {
+                *link = NextOf(*element);
+                --count;
+                Free(element);
+            } else {
+                last = element;
+                link = &NextOf(*element);
+            }
+        }
+        if (whole)
+            Relinked(last);
+        else
+            Relinked();
+        return whole;
+    }
+
     // After the chain was relinked by hand (head and links changed, the same elements kept):
     // finds the last element again and forgets the last position reached.
     void Relinked() {
@@ -184,16 +219,20 @@ public:
     }
 
 private:
-    static T* MakeCopy(T const& value) {
-        T* copy = new (std::nothrow) T(value);
-        if (copy)
-            NextOf(*copy) = nullptr;
+    T* MakeCopy(T const& value) {
+        void* slot = pool.Take();
+        if (!slot)
+            return nullptr;
+        T* copy = new (slot) T(value);
+        NextOf(*copy) = nullptr;
         return copy;
     }
 
-    static void Free(T* element) {
+    void Free(T* element) {
         element->Destroy();
-        delete element;
+        element->~T();
+        if (!pool.Give(element))
+            ::operator delete(element); // made with `new` by whoever linked it in
     }
 
     // What operator[] refers to when the list holds no element at the index: a dummy shared by
@@ -206,6 +245,7 @@ private:
     T* tail;
     mutable unsigned reachedPos;
     mutable T* reached;
+    ElementPool pool;
 };
 
 #endif
