@@ -8,6 +8,11 @@
 
 bool DFileLoad::OpenDirListing(DirectoryListingSpec const& searchSpec, DName const& dir,
                                unsigned const& index) {
+    return OpenCursor(searchSpec, dir, index, false);
+}
+
+bool DFileLoad::OpenCursor(DirectoryListingSpec const& searchSpec, DName const& dir, unsigned index,
+                           bool specHeld) {
     CloseDirListing();
     bool const chosen = !dir.isEmpty() || searchSpec.directories.count != 0;
     if (!dir.isEmpty()) {
@@ -28,7 +33,8 @@ bool DFileLoad::OpenDirListing(DirectoryListingSpec const& searchSpec, DName con
     findHandle = find;
     if (!workPath)
         workPath = GetDir();
-    spec = searchSpec;
+    if (!specHeld)
+        spec = searchSpec;
     if (foundFile.isDots(data))
         return NextDirListing();
     foundFile.Copy(data, workPath);

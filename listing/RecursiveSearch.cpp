@@ -143,9 +143,12 @@ bool DFileLoad::LoadAllDirListings(DirectoryListingSpec const& criteria, bool re
 
     bool result = true;
     DWORD unlisted = 0;
+    bool specHeld = false; // whether an opened directory has put `work` into `spec`
     while (queue.count != 0) {
         feedback.Directory(*queue.head);
-        if (OpenDirListing(work, *queue.head, 0) || StepPastUnlisted(unlisted)) {
+        bool const opened = OpenCursor(work, *queue.head, 0, specHeld);
+        specHeld = specHeld || isOpen();
+        if (opened || StepPastUnlisted(unlisted)) {
             SearchStep const outcome =
                 abortRequested ? SearchStep::Stopped
                                : SearchDirectory(work, recursive, queue, feedback, unlisted);

@@ -20,11 +20,6 @@ bool TextLength(char const* text, unsigned int& length) {
     return found <= kMaxSize;
 }
 
-bool Inside(char const* bytes, char const* block, unsigned int length) {
-    std::less_equal<char const*> atOrBefore;
-    return block && atOrBefore(block, bytes) && !atOrBefore(block + length, bytes);
-}
-
 } // namespace
 
 DName::DName(char const* value) : link(nullptr), text(nullptr), size(0), capacity(0) {
@@ -99,8 +94,13 @@ bool DName::Reserve(unsigned int n) {
     return true;
 }
 
+bool DName::Holds(char const* bytes) const {
+    std::less_equal<char const*> atOrBefore;
+    return text && atOrBefore(text, bytes) && !atOrBefore(text + capacity, bytes);
+}
+
 bool DName::Splice(unsigned int at, unsigned int cut, char const* bytes, unsigned int n) {
-    if (n && Inside(bytes, text, capacity)) {
+    if (n && Holds(bytes)) {
         DName copy;
         return copy.Assign(bytes, n) && Splice(at, cut, copy.text, n);
     }

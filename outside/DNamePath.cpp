@@ -124,13 +124,20 @@ bool DName::AddHome(DName const& home, bool const& forward) {
 }
 
 bool DName::AddFile(DName const& name, bool const& forward) {
-    if (std::addressof(name) == this)
-        return AddFile(DName(name), forward);
+    return AddFile(name.text, name.size, forward);
+}
+
+bool DName::AddFile(char const* name, unsigned int const& length, bool const& forward) {
+    unsigned int const n = length; // `length` may be this name's own size, which grows below
+    if (n && Holds(name)) {        // the room made below may move these bytes
+        DName copy;
+        return copy.Namen(name, n) && AddFile(copy.text, n, forward);
+    }
     char const separator = Separator(forward);
     unsigned int const gap = NeedsSeparator(*this) ? 1 : 0;
-    if (name.size > UINT_MAX - 1 - size - gap || !Reserve(size + name.size + gap))
+    if (n > UINT_MAX - 1 - size - gap || !Reserve(size + n + gap))
         return false;
-    return Splice(size, 0, &separator, gap) && Splice(size, 0, name.text, name.size);
+    return Splice(size, 0, &separator, gap) && Splice(size, 0, name, n);
 }
 
 bool DName::AttachSlash(bool const& forward) {

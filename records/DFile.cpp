@@ -83,13 +83,18 @@ DFile const& DFile::Copy(DFile const& other, DName const& home) {
 }
 
 DFile const& DFile::Copy(WIN32_FIND_DATAA const& data, DName const& home) {
-    // Built in place: a cursor refills one record for every entry it steps over.
+    // Built in place, home first and the name behind it: a cursor refills one record for every
+    // entry it steps over, in the block the record already has.
     char const* name;
     unsigned int length;
     entry_names::FoundName(data, name, length);
-    fullPath.Namen(name, length);
-    if (!home.isEmpty())
+    if (home.isEmpty() || &home == &fullPath) {
+        fullPath.Namen(name, length);
         fullPath.AddHome(home, false);
+    } else {
+        fullPath.Copy(home);
+        fullPath.AddFile(name, length, false);
+    }
     TakeEntry(data);
     return *this;
 }

@@ -26,8 +26,15 @@ inline void FoundName(WIN32_FIND_DATAA const& data, char const*& name, unsigned 
     length = alternate ? alternateLength : nameLength;
 }
 
-// Whether the last component of a path is "." or "..".
+// Whether the last component of a path is "." or "..". Nearly every path ends in another
+// byte than a dot, trailing separators apart, and is answered without finding its last
+// component.
 inline bool IsDotsPath(char const* text, unsigned int size) {
+    unsigned int last = size;
+    while (last > 0 && (text[last - 1] == '\\' || text[last - 1] == '/'))
+        --last;
+    if (last == 0 || text[last - 1] != '.')
+        return false;
     unsigned int start, end;
     DName::LastComponent(text, size, start, end);
     unsigned int const length = end - start;

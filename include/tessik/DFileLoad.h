@@ -285,6 +285,10 @@ private:
     SearchStep SearchDirectory(DirectoryListingSpec const& work, bool recursive,
                                Container<DName>& queue, SearchFeedback& feedback, DWORD& unlisted);
     bool StepPastUnlisted(DWORD& unlisted);
+    // OpenDirListing; with `specHeld` the field `spec` already holds `searchSpec` and is not
+    // assigned again (a search opens directory after directory with one specification).
+    bool OpenCursor(DirectoryListingSpec const& searchSpec, DName const& dir, unsigned index,
+                    bool specHeld);
     bool ContainsTerms(DirectoryListingSpec const& spec, DFile const& file);
     bool FindContaining(char const* buffer, unsigned int const& length,
                         DirectoryListingSpec const& spec, Link<bool>& found);

@@ -87,6 +87,7 @@ public:
     bool RemIndexDir(DName& out); // the first component into out; false when there is none
     bool AddHome(DName const& home, bool const& forward);
     bool AddFile(DName const& name, bool const& forward);
+    bool AddFile(char const* name, unsigned int const& length, bool const& forward);
     bool AttachSlash(bool const& forward);       // a trailing separator unless there is one
     bool ChopPath(bool const& all);              // removes one, or all, trailing separators
     bool isFileSpec(DName const& pattern) const; // wildcard match, `*` and `?`, any case
@@ -106,6 +107,7 @@ public:
 private:
     bool Assign(char const* text, unsigned int n);
     bool Reserve(unsigned int n);
+    bool Holds(char const* bytes) const; // whether `bytes` lie in this name's block
     // Replaces `cut` bytes at `at` with `n` bytes (which may lie inside this name).
     bool Splice(unsigned int at, unsigned int cut, char const* bytes, unsigned int n);
     void Keep(unsigned int from, unsigned int to); // leaves bytes [from, to), never allocates

@@ -41,6 +41,7 @@ unsigned char Decode(char const* at) {
 // Appends `length` bytes of Windows names, sequences turned back into their bytes and, with
 // `separators`, each `\` into `/`.
 void AppendPosix(char const* text, std::size_t length, bool separators, std::string& out) {
+    out.reserve(out.size() + length);
     for (std::size_t i = 0; i < length; ++i) {
         unsigned char const byte = i + 2 < length ? Decode(text + i) : 0;
         if (byte) {
