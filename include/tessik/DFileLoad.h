@@ -286,7 +286,7 @@ private:
                                Container<DName>& queue, SearchFeedback& feedback, DWORD& unlisted);
     bool StepPastUnlisted(DWORD& unlisted);
     // OpenDirListing; with `specHeld` the field `spec` already holds `searchSpec` and is not
-    // assigned again (a search opens directory after directory with one specification).
+    // assigned again (a search opens directory after directory with the same criteria).
     bool OpenCursor(DirectoryListingSpec const& searchSpec, DName const& dir, unsigned index,
                     bool specHeld);
     bool ContainsTerms(DirectoryListingSpec const& spec, DFile const& file);
