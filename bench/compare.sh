@@ -7,11 +7,14 @@
 # the walk, and about 120 MB of text for the content search; /usr and /usr/include are searched
 # too where they exist. The commands on one tree run in turns, five rounds after a warm-up, so
 # the load of the machine falls on all of them alike; the best wall time and the best CPU time
-# (user + system) of each count, and the ratios are of CPU time.
+# (user + system) of each count, and the ratios are of CPU time. Each tree is also walked by
+# tessik_floor, which makes only the system calls a search needs and builds no records: how far
+# tessik is from it is what tessik itself costs.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 build=${1:-build/default}
 walk="$build/bench/tessik_walk"
+floor="$build/bench/tessik_floor" # the same walks from system calls alone: the floor
 [ -x "$walk" ] || { echo "build first: cmake --workflow --preset test" >&2; exit 1; }
 base=${TMPDIR:-/tmp}/tessik-bench
 entries=$base/entries
@@ -82,12 +85,14 @@ listing() { # the walk of a tree: find, tessik storing, tessik counting
   compare "walk of $1 ($(find "$1" 2>/dev/null | wc -l) entries)" \
     "find -printf|find '$1' -printf '%s %T@ %p\n'" \
     "tessik, storing|'$walk' list '$1'" \
-    "tessik, counting|'$walk' count '$1'"
+    "tessik, counting|'$walk' count '$1'" \
+    "floor: system calls alone|'$floor' list '$1'"
 }
 content() { # a search for a text that no file holds
   compare "content search of $1 ($(du -sm "$1" 2>/dev/null | cut -f1) MB)" \
     "grep -rlF|grep -rlF zzzqqqzzz '$1'" \
-    "tessik|'$walk' grep zzzqqqzzz '$1'"
+    "tessik|'$walk' grep zzzqqqzzz '$1'" \
+    "floor: system calls alone|'$floor' grep zzzqqqzzz '$1'"
 }
 memory() { # bytes a stored record costs beyond its path text: peak memory storing less counting
   local stored counted count text

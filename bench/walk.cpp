@@ -3,6 +3,8 @@
 //   tessik_walk list TREE    every entry below TREE, one "size seconds path" line each
 //   tessik_walk grep TEXT TREE   the files below TREE that hold TEXT, one path a line
 //   tessik_walk count TREE   counts the entries without storing them
+#include "lines.h"
+
 #include <tessik/tessik.h>
 
 #include <cstdio>
@@ -10,35 +12,14 @@
 
 namespace {
 
-// Writes `value` in decimal at `out`, at least `digits` digits; gives the end.
-char* Decimal(char* out, std::uint64_t value, int digits = 1) {
-    char reversed[24];
-    int n = 0;
-    do {
-        reversed[n++] = static_cast<char>('0' + value % 10);
-        value /= 10;
-    } while (value != 0 || n < digits);
-    while (n > 0)
-        *out++ = reversed[--n];
-    return out;
-}
-
-// One "size seconds path" line, the date in seconds since 1970 with seven decimals like
-// find's %T@.
+// One line for `file`, its date counted from 1970.
 void PrintEntry(DFile const& file) {
     FILETIME const& date = file.GetDateWritten();
     std::uint64_t const ticks =
         (static_cast<std::uint64_t>(date.dwHighDateTime) << 32) | date.dwLowDateTime;
     std::uint64_t const epoch = 116444736000000000ull;
-    std::uint64_t const since = ticks > epoch ? ticks - epoch : 0;
-    char line[64];
-    char* end = Decimal(line, file.GetFileSize64());
-    *end++ = ' ';
-    end = Decimal(end, since / 10000000);
-    *end++ = '.';
-    end = Decimal(end, since % 10000000, 7);
-    *end++ = ' ';
-    std::fwrite(line, 1, static_cast<std::size_t>(end - line), stdout);
+    PrintLine(file.GetFileSize64(), ticks > epoch ? ticks - epoch : 0, &file.GetFullPath(),
+              file.GetFullPath().Size());
 }
 
 int Usage() {
@@ -67,11 +48,12 @@ int main(int argc, char** argv) {
     }
     if (!load.LoadAllDirListings(spec, true))
         return 1;
-    static char buffer[1 << 16];
-    std::setvbuf(stdout, buffer, _IOFBF, sizeof buffer);
+    BufferOutput();
     for (DFile const* file = load.files.head; file; file = file->next) {
-        if (!grep)
+        if (!grep) {
             PrintEntry(*file);
+            continue;
+        }
         std::fwrite(&file->GetFullPath(), 1, file->GetFullPath().Size(), stdout);
         std::putchar('\n');
     }
