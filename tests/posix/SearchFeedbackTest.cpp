@@ -1,3 +1,4 @@
+#include "support/Listing.h"
 #include "support/Records.h"
 
 #include <tessik/Controls.h>
@@ -60,37 +61,34 @@ struct Watch {
     void Attach(DFileLoad& load) { load.SetupControls(&bar, &percent, &status, &list); }
 };
 
+// A tree, the controls, and a listing that reports to them.
+struct Feedback : ::testing::Test {
+    Feedback() { watch.Attach(load); }
+    TempTree tree;
+    Watch watch;
+    DFileLoad load;
+};
+
 // Texts painted on a window from the `from`-th on, with their colours.
 typedef std::vector<std::pair<std::string, COLORREF>> Paints;
-Paints Painted(HWND window, unsigned from = 0) {
+Paints Painted(HWND window, std::size_t from = 0) {
     Paints texts;
-    for (HeadlessText text; HeadlessTextAt(window, from, &text); ++from)
+    for (HeadlessText text; HeadlessTextAt(window, static_cast<unsigned>(from), &text); ++from)
         texts.emplace_back(text.text, text.colour);
     return texts;
 }
 
-unsigned TextCount(HWND window) {
-    unsigned count = 0xDEAD;
-    EXPECT_TRUE(HeadlessTextCount(window, &count));
-    return count;
-}
-
 } // namespace
 
-TEST(SearchFeedback, PaintsTheShareOfEntriesOnTheBar) {
-    TempTree tree;
+TEST_F(Feedback, PaintsTheShareOfEntriesOnTheBar) {
     tree.MakeFiles("t", 13);
-    Watch watch;
     watch.bar.SetRange(0, 20, -1); // 5% an entry
     HWND const bar = watch.barWindow;
     ASSERT_TRUE(HeadlessSetPixel(bar, 0x00ABCDEF));
     COLORREF const back = 0x00ABCDEF, text = GetSysColor(COLOR_MENUTEXT);
     Clock clock(100000);
-    watch.ticks.assign(13, 100100);
-    watch.ticks[0] = 100000, watch.ticks[10] = 100750, watch.ticks[11] = 101500;
-    watch.ticks[12] = 102250;
-    DFileLoad load;
-    watch.Attach(load);
+    watch.ticks = {100000, 100100, 100100, 100100, 100100, 100100, 100100,
+                   100100, 100100, 100100, 100750, 101500, 102250};
     ASSERT_TRUE(load.LoadDirListing(In(tree, "t")));
 
     // A new value at the 1st, 11th (750 ms on), 12th and 13th entries; the old one painted out
@@ -117,7 +115,7 @@ TEST(SearchFeedback, PaintsTheShareOfEntriesOnTheBar) {
     EXPECT_TRUE(HeadlessDCsOut(bar, &out) && out == 0 && watch.bar.Position() == 0);
 
     // The tick counter wraps: 0xFFFFFF00 to 0x1EE is 750 ms.
-    unsigned before = TextCount(bar);
+    std::size_t before = Painted(bar).size();
     watch.ticks.assign(13, 0x1EE);
     watch.ticks[0] = 0xFFFFFF00, watch.ticks[1] = 0x1ED;
     ASSERT_TRUE(load.LoadDirListing(In(tree, "t")));
@@ -127,16 +125,14 @@ TEST(SearchFeedback, PaintsTheShareOfEntriesOnTheBar) {
               Paints({{"05% ", text}, {"05% ", text}, {"05% ", back}, {"15% ", text}}));
 
     watch.bar.SetRange(0, 0, -1); // a bar without a range shows 0%
-    before = TextCount(bar);
+    before = Painted(bar).size();
     ASSERT_TRUE(load.LoadDirListing(In(tree, "t")));
     EXPECT_EQ(Painted(bar, before).front(), std::make_pair(std::string("00% "), text));
 }
 
-TEST(SearchFeedback, ShowsTheShareOfMatchesAndTheDirectory) {
-    TempTree tree;
+TEST_F(Feedback, ShowsTheShareOfMatchesAndTheDirectory) {
     tree.MakeFiles("t1", 2, ".txt");
     tree.MakeFiles("t2", 2, ".log");
-    Watch watch;
     // What each text shows when it is redrawn.
     std::vector<std::string> shown[2];
     unsigned redraws[2] = {};
@@ -148,12 +144,9 @@ TEST(SearchFeedback, ShowsTheShareOfMatchesAndTheDirectory) {
         };
     };
     Hook<DIBasics> percent(watch.percent, note(0)), status(watch.status, note(1));
-    DirectoryListingSpec spec("*.txt");
-    spec.directories.InsertRight(DName(tree.WinPath("t1").c_str()));
-    spec.directories.InsertRight(DName(tree.WinPath("t2").c_str()));
+    DirectoryListingSpec spec = From({tree.WinPath("t1"), tree.WinPath("t2")});
+    spec.namePatterns[0] = "*.txt";
     Clock clock(500);
-    DFileLoad load;
-    watch.Attach(load);
     ASSERT_TRUE(load.LoadAllDirListings(spec, false));
 
     // Each text is redrawn once it is set; it shows the entries before the one arriving.
@@ -163,10 +156,8 @@ TEST(SearchFeedback, ShowsTheShareOfMatchesAndTheDirectory) {
     EXPECT_TRUE(Shown(watch.status.Text()) == " " && load.files.count == 2);
 }
 
-TEST(SearchFeedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
-    TempTree tree;
+TEST_F(Feedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
     tree.MakeFiles("t", 5);
-    Watch watch;
     std::vector<std::pair<unsigned, HeadlessRegion>> drawn; // rows, and the list's region
     Hook<DListControl> rows(watch.list, [&](DListControl& control) {
         HeadlessRegion region = {};
@@ -176,8 +167,6 @@ TEST(SearchFeedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
     });
     Clock clock(0);
     watch.ticks = {1000, 1500, 1699, 1700, 2000}; // rows at the 1st and the 4th entry
-    DFileLoad load;
-    watch.Attach(load);
     ASSERT_TRUE(load.LoadDirListing(In(tree, "t")));
     ASSERT_EQ(drawn.size(), 5u);
     for (unsigned i = 0; i < drawn.size(); ++i) {
@@ -212,39 +201,31 @@ TEST(SearchFeedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
     EXPECT_EQ(Shown(watch.list.CellImage(0, 0)), &quick.files[0].fullPath);
 }
 
-TEST(SearchFeedback, DropsABarWithoutDeviceContext) {
-    TempTree tree;
+TEST_F(Feedback, DropsABarWithoutDeviceContext) {
     tree.MakeFiles("t", 3);
-    Watch watch;
     ASSERT_TRUE(HeadlessFailGetDC(watch.barWindow, true));
     watch.bar.SetPos(7, -1);
     Clock clock(5000);
-    DFileLoad load;
-    watch.Attach(load);
     ASSERT_TRUE(load.LoadDirListing(In(tree, "t")));
     // Nor reset at the end.
-    EXPECT_TRUE(!load.progressBar && watch.bar.Position() == 7 && TextCount(watch.barWindow) == 0);
+    EXPECT_TRUE(!load.progressBar && watch.bar.Position() == 7 && Painted(watch.barWindow).empty());
     EXPECT_EQ(Shown(watch.percent.Text()) + Shown(watch.status.Text()), "100.00% ");
     EXPECT_EQ(watch.list.RowCount(), 3u);
     ASSERT_TRUE(HeadlessFailGetDC(watch.barWindow, false));
     ASSERT_TRUE(load.LoadDirListing(In(tree, "t"))); // still given up
-    EXPECT_EQ(TextCount(watch.barWindow), 0u);
+    EXPECT_TRUE(Painted(watch.barWindow).empty());
     watch.Attach(load);
     ASSERT_TRUE(load.LoadDirListing(In(tree, "t")));
-    EXPECT_EQ(TextCount(watch.barWindow), 3u);
+    EXPECT_EQ(Painted(watch.barWindow).size(), 3u);
 }
 
-TEST(SearchFeedback, StopsWhenAsked) {
-    TempTree tree;
+TEST_F(Feedback, StopsWhenAsked) {
     tree.MakeFiles("a", 3);
     tree.MakeFiles("a/sub", 2);
     tree.MakeFiles("t", 4);
-    Watch watch;
     std::vector<std::string> statuses;
     Hook<DStatusWnd> status(watch.status,
                             [&](DStatusWnd& c) { statuses.push_back(Shown(c.Text())); });
-    DFileLoad load;
-    watch.Attach(load);
     load.SetAbort(); // no run: nothing to stop
     EXPECT_TRUE(!load.abortRequested && statuses.empty());
 
