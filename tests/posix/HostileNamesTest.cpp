@@ -68,14 +68,11 @@ std::map<std::string, DWORD> Walk(std::string const& root, char const* text = nu
     for (auto const& entry : fs::recursive_directory_iterator(root)) {
         fs::file_type const type = entry.symlink_status().type();
         bool const regular = type == fs::file_type::regular;
-        if (text) {
-            if (!regular)
-                continue;
-            std::stringstream content;
+        std::stringstream content;
+        if (text && regular)
             content << std::ifstream(entry.path()).rdbuf();
-            if (content.str().find(text) == std::string::npos)
-                continue;
-        }
+        if (text && content.str().find(text) == std::string::npos)
+            continue;
         expected[Mapped(entry.path().string())] = type == fs::file_type::directory ? 0x10
                                                   : regular                        ? 0x20
                                                                                    : 0x400;
@@ -190,9 +187,8 @@ TEST(HostileNames, PathsLongerThanTheSystemTakesInOneCall) {
 
 TEST(HostileNames, RelativeStartDirectoriesGiveFullPathsAndLinksAreNotRead) {
     TempTree tree;
-    tree.MakeDir("t");
-    tree.MakeDir("t/special");
-    tree.MakeDir("t/special/inner");
+    for (char const* dir : {"t", "t/special", "t/special/inner"})
+        tree.MakeDir(dir);
     tree.MakeFile("t/special/inner/f");
     auto const expected = Walk(tree.Path("t/special"));
     std::pair<char const*, char const*> const starts[] = {
