@@ -17,12 +17,12 @@ struct ContentCase {
     DWORD readBlockSize = 0;
 };
 
-char Folded(char c, bool ignoreCase) {
-    return ignoreCase && c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c;
-}
-
-// The block-by-block search written out plainly: every position, every term, in order.
+// The block-by-block search written out plainly: each block read, then every term looked for.
 bool Reference(ContentCase const& c) {
+    auto const same = [&c](char a, char b) {
+        auto const fold = [&c](char x) { return c.mode & 8 && x >= 'A' && x <= 'Z' ? x + 32 : x; };
+        return fold(a) == fold(b);
+    };
     std::size_t longest = 0;
     for (auto const& term : c.terms)
         longest = std::max(longest, term.size());
@@ -37,19 +37,14 @@ bool Reference(ContentCase const& c) {
         lastRead = std::min(block, length - position);
         behind = position += lastRead;
         end = lastRead < block || position >= length;
-        char const* data = c.content.data() + (behind - lastRead);
-        for (std::size_t p = 0; p < lastRead; ++p)
-            for (std::size_t t = 0; t < c.terms.size(); ++t) {
-                std::string const& term = c.terms[t];
-                bool same = p + term.size() <= lastRead;
-                for (std::size_t i = 0; same && i < term.size(); ++i)
-                    same = Folded(data[p + i], c.mode & 8) == Folded(term[i], c.mode & 8);
-                if (!same)
-                    continue;
-                found[t] = true;
-                if (c.mode & 3 || std::find(found.begin(), found.end(), false) == found.end())
-                    return !c.invert;
-            }
+        char const *data = c.content.data() + (behind - lastRead), *dataEnd = data + lastRead;
+        for (std::size_t t = 0; t < c.terms.size(); ++t)
+            found[t] =
+                found[t] || (lastRead != 0 && std::search(data, dataEnd, c.terms[t].begin(),
+                                                          c.terms[t].end(), same) != dataEnd);
+        // Any term for the whole text (1) or any word (2), otherwise every word.
+        if (std::count(found.begin(), found.end(), true) >= (c.mode & 3 ? 1 : long(found.size())))
+            return !c.invert;
     }
     return c.invert;
 }

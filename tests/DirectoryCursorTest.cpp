@@ -1,6 +1,5 @@
-#include "support/TempTree.h"
-
-#include <tessik/tessik.h>
+#include "support/Listing.h"
+#include "support/Records.h"
 
 #include <gtest/gtest.h>
 
@@ -24,27 +23,23 @@ DName Name(std::string const& text) {
 
 TEST(DirectoryCursor, StepsThroughEveryEntryButDots) {
     TempTree tree;
-    tree.MakeDir("d");
-    tree.MakeFile("d/one", "1");
-    tree.MakeFile("d/two", "22");
-    tree.MakeDir("d/sub");
-    tree.MakeDir("empty");
+    for (char const* dir : {"d", "d/sub", "empty"})
+        tree.MakeDir(dir);
+    tree.MakeFile("d/one");
+    tree.MakeFile("d/two");
     DFileLoad load;
     ASSERT_TRUE(load.OpenDirListing(DirectoryListingSpec(), Name(tree.WinPath("d")), 0));
     std::string const home = tree.WinPath("d") + "\\";
     EXPECT_EQ(ReadAll(load), (std::set<std::string>{home + "one", home + "two", home + "sub"}));
-    EXPECT_FALSE(++load); // the end stays open
-    EXPECT_TRUE(load.isOpen());
+    EXPECT_TRUE(!++load && load.isOpen()); // the end stays open
     EXPECT_STREQ(&load.workPath, tree.WinPath("d").c_str());
     EXPECT_STREQ(&load.GetDir(), tree.WinPath("d").c_str());
     --load;
-    EXPECT_FALSE(load.isOpen());
-    EXPECT_FALSE(load.NextDirListing());
+    EXPECT_FALSE(load.isOpen() || load.NextDirListing());
 
     // An empty directory gives false with the cursor open; a missing one leaves it closed.
     EXPECT_FALSE(load.OpenDirListing(DirectoryListingSpec(), Name(tree.WinPath("empty")), 0));
-    EXPECT_TRUE(load.isOpen());
-    EXPECT_FALSE(++load);
+    EXPECT_TRUE(load.isOpen() && !++load);
     DName const missing(tree.WinPath("missing").c_str());
     for (DName const& dir : {missing, DName("Q:\\anything")}) {
         EXPECT_FALSE(load.OpenDirListing(DirectoryListingSpec(), dir, 0));
@@ -61,19 +56,14 @@ TEST(DirectoryCursor, StepsThroughEveryEntryButDots) {
 
 TEST(DirectoryCursor, ChoosesTheDirectoryFromTheCriteria) {
     TempTree tree;
-    tree.MakeDir("A");
-    tree.MakeDir("B");
-    tree.MakeFile("A/a");
-    tree.MakeFile("B/b");
-    DirectoryListingSpec spec;
-    spec.directories.InsertRight(Name(tree.WinPath("A")));
-    spec.directories.InsertRight(Name(tree.WinPath("B")));
+    tree.MakeFiles("A", 1, ".a");
+    tree.MakeFiles("B", 1, ".b");
+    DirectoryListingSpec spec = From({tree.WinPath("A"), tree.WinPath("B")});
     spec.size = 42;
     DFileLoad load;
     for (unsigned index : {0u, 1u, 5u}) { // past the end: the last
         ASSERT_TRUE(load.OpenDirListing(spec, DName(0), index));
-        EXPECT_STREQ(&load.GetFoundFile(),
-                     (tree.WinPath(index ? "B" : "A") + (index ? "\\b" : "\\a")).c_str());
+        EXPECT_STREQ(&load.GetFoundFile(), tree.WinPath(index ? "B\\f0.b" : "A\\f0.a").c_str());
     }
     EXPECT_EQ(load.spec.size, 42u);
 }
@@ -114,9 +104,9 @@ TEST(DirectoryCursor, CurrentDirectoryServices) {
 TEST(Listing, PositionsAndInsertsOfTheObject) {
     DFileLoad load;
     EXPECT_EQ(load(0), nullptr);
-    for (char const* path : {"a", "b"})
-        load.InsertRight(DFile(DName(path), 0, 0, nullptr, nullptr, nullptr));
-    load.InsertPos(DFile(DName("c"), 0, 0, nullptr, nullptr, nullptr), 0);
+    load.InsertRight(Record("a"));
+    load.InsertRight(Record("b"));
+    load.InsertPos(Record("c"), 0);
     WIN32_FIND_DATAA data = {};
     data.cFileName[0] = 'n';
     load.InsertLeft(data);

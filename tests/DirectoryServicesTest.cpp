@@ -18,11 +18,6 @@ std::set<std::string> Tree(TempTree const& tree) {
     return entries;
 }
 
-// A path on drive Z: whose root part has '/' and whose `relative` part is written as given.
-DName Full(TempTree const& tree, std::string const& relative) {
-    return DName(relative.empty() ? "" : ("Z:" + tree.Root() + "\\" + relative).c_str());
-}
-
 } // namespace
 
 // Each case on a fresh tree of a file, a read-only file, an empty directory and a full one.
@@ -60,7 +55,8 @@ TEST(DirectoryServices, RemoveAndMakeDirOnARealTree) {
             expected.insert(made.generic_string());
         fs::current_path(c.op == 'r' ? "/" : tree.Root());
         DFileLoad const load;
-        DName const path = Full(tree, c.path);
+        // On drive Z:, the root part with '/', the part below it written as given.
+        DName const path(*c.path ? ("Z:" + tree.Root() + "\\" + c.path).c_str() : "");
         bool const result = c.op == 'r'   ? load.Remove(path)
                             : c.op == 'm' ? load.MakeDir(path)
                                           : load.MakeSingleDir(path);

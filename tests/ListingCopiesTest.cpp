@@ -49,6 +49,7 @@ DName DFileLoad::*const names[] = {&DFileLoad::workPath, &DFileLoad::storedDir,
 Container<DName> DFileLoad::*const lists[] = {&DFileLoad::browseNames, &DFileLoad::searchTerms};
 
 char controls[12]; // stand-ins: the listing only keeps their addresses
+DFile anchors[3];  // the same for the found record's link
 
 // A value of its own in every field, all different from those of a new object; `seed` makes
 // two such listings different from each other.
@@ -70,6 +71,7 @@ void FillAll(DFileLoad& load, unsigned seed) {
     load.spec.streamByte = static_cast<BYTE>(seed + 7);
     load.foundFile = seed == 1 ? "C:\\found" : "C:\\other";
     load.foundFile.dataEncrypted = seed == 1;
+    load.foundFile.next = std::addressof(anchors[seed]);
     load.progressBar = reinterpret_cast<DProgressBar*>(&controls[seed * 4]);
     load.percentText = reinterpret_cast<DText*>(&controls[seed * 4 + 1]);
     load.statusWnd = reinterpret_cast<DStatusWnd*>(&controls[seed * 4 + 2]);
@@ -105,13 +107,11 @@ void ExpectSameValues(DFileLoad const& copy, DFileLoad const& source) {
 TEST(ListingCopies, CopiesAreValuesOfTheirOwn) {
     DFileLoad source;
     FillAll(source, 1);
-    DFile anchor;
-    source.foundFile.next = std::addressof(anchor);
     DFileLoad copy(source);
     ExpectSameValues(copy, source);
     EXPECT_EQ(copy.spec.streamByte, 0); // as a new object's
     EXPECT_TRUE(copy.foundFile.isDataEncrypted());
-    EXPECT_EQ(copy.foundFile.next, std::addressof(anchor));
+    EXPECT_EQ(copy.foundFile.next, std::addressof(anchors[1]));
     copy.DelLeft();
     copy.browseNames.Destroy();
     EXPECT_TRUE(Names(source) == "F1 D1" && source.browseNames.count == 1);
@@ -121,13 +121,11 @@ TEST(ListingCopies, CopiesAreValuesOfTheirOwn) {
     // The assignment rebuilds the lists and keeps what the target's criteria and record own.
     DFileLoad target;
     FillAll(target, 2);
-    DFile other;
-    target.foundFile.next = std::addressof(other);
     EXPECT_EQ(&(target = source), &target);
     ExpectSameValues(target, source);
     EXPECT_EQ(target.spec.streamByte, 9);
     EXPECT_FALSE(target.foundFile.isDataEncrypted());
-    EXPECT_EQ(target.foundFile.next, std::addressof(other));
+    EXPECT_EQ(target.foundFile.next, std::addressof(anchors[2]));
     DFileLoad& same = target;
     target = same;
     ExpectSameValues(target, source);

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <random>
 
 TEST(MatchFilter, NamesAndDots) {
     DFileLoad load;
@@ -29,64 +30,48 @@ TEST(MatchFilter, NamesAndDots) {
     EXPECT_TRUE(load.IsFileSpec(spec, data));
 }
 
-TEST(MatchFilter, SizesAttributesAndDates) {
-    TempTree tree; // fixes the time zone
-    struct Row {
-        char sizeTest;
-        DWORD size, upper;
-        char attributeTest;
-        DWORD attributes;
-        char writtenTest;
-        std::uint64_t fileSize;
-        DWORD fileAttributes;
-        FILETIME written;
-        bool passes;
-    };
-    FILETIME const second = At(1100000000), halfLater = At(1100000000, 5000000),
-                   before = At(1000000000), after = At(1200000000);
-    Row const rows[] = {
-        {6, 10, 20, 0, 0, 0, 10, 0x20, {}, true}, // a range, both ends included
-        {6, 10, 20, 0, 0, 0, 20, 0x20, {}, true},
-        {6, 10, 20, 0, 0, 0, 9, 0x20, {}, false},
-        {6, 10, 20, 0, 0, 0, 21, 0x20, {}, false},
-        {6, 30, 20, 0, 0, 0, 25, 0x20, {}, false}, // upside down: nothing
-        {5, 10, 0, 0, 0, 0, 10, 0x20, {}, true},
-        {5, 10, 0, 0, 0, 0, 11, 0x20, {}, true},
-        {5, 10, 0, 0, 0, 0, 9, 0x20, {}, false},
-        {1, 5, 0, 0, 0, 0, (1ull << 32) + 5, 0x20, {}, true}, // the low half only
-        {8, 5, 0, 0, 0, 0, 5, 0x20, {}, false},               // none of the three bits
-        {7, 5, 0, 0, 0, 0, 123, 0x20, {}, true},
-        {0, 0, 0, 1, 0x12, 0, 0, 0x02, {}, true},  // any
-        {0, 0, 0, 2, 0x12, 0, 0, 0x02, {}, false}, // all
-        {0, 0, 0, 2, 0x12, 0, 0, 0x12, {}, true},
-        {0, 0, 0, 5, 0x12, 0, 0, 0x02, {}, false}, // any, inverted
-        {0, 0, 0, 5, 0x12, 0, 0, 0x20, {}, true},
-        {0, 0, 0, 0, 0, 1, 0, 0x20, halfLater, true}, // dates to the second
-        {0, 0, 0, 0, 0, 3, 0, 0x20, before, true},
-        {0, 0, 0, 0, 0, 3, 0, 0x20, after, false},
-        {0, 0, 0, 0, 0, 6, 0, 0x20, after, true},
-        {0, 0, 0, 0, 0, 6, 0, 0x20, second, false},
-    };
-    DFileLoad load;
-    for (Row const& row : rows) {
-        DirectoryListingSpec spec("*.*");
-        spec.sizeTest = row.sizeTest, spec.size = row.size, spec.sizeUpper = row.upper;
-        spec.attributeTest = row.attributeTest, spec.attributes = row.attributes;
-        spec.writtenTest = row.writtenTest, spec.dateWritten = second;
-        DFile file = Record("f", row.fileAttributes, row.fileSize);
-        file.SetDateWritten(row.written);
-        EXPECT_EQ(load.IsFileSpec(spec, file), row.passes) << &row - rows;
-    }
+// The rules written out plainly: a test byte lets an outcome through by its bits, equal 0x01,
+// less 0x02, greater 0x04; size test 6 is a range, both ends included; attributes are tested for
+// any (0x01) or all of the bits, 0x04 inverting the answer; dates compare to the second.
+bool Lets(char test, std::int64_t value, std::int64_t against) {
+    return test & (value == against ? 1 : value < against ? 2 : 4);
+}
 
-    // The created and accessed dates are tested against their own fields.
-    DirectoryListingSpec spec("*.*");
-    spec.createdTest = 4, spec.dateCreated = second;
-    DFile file = Record("f");
-    file.SetDateCreated(At(1100000001));
-    EXPECT_TRUE(load.IsFileSpec(spec, file));
-    spec.accessedTest = 2, spec.dateLastAccessed = second;
-    file.SetDateLastAccessed(second);
-    EXPECT_FALSE(load.IsFileSpec(spec, file));
-    file.SetDateLastAccessed(before);
-    EXPECT_TRUE(load.IsFileSpec(spec, file));
+TEST(MatchFilter, SizesAttributesAndDatesFollowTheRules) {
+    TempTree tree; // fixes the time zone
+    std::mt19937 random(5);
+    auto pick = [&](unsigned n) { return static_cast<int>(random() % n); };
+    std::int64_t const second = 1100000000, steps[] = {-40000000, -1, 0, 1, 40000000};
+    DFileLoad load;
+    int passed = 0;
+    for (int round = 0; round < 4000; ++round) {
+        DirectoryListingSpec spec("*.*");
+        spec.sizeTest = static_cast<char>(pick(9)), spec.size = pick(6), spec.sizeUpper = pick(6);
+        spec.attributeTest = static_cast<char>(pick(8)), spec.attributes = pick(2) ? 0x12 : 0x01;
+        DWORD const low = static_cast<DWORD>(pick(6)); // the low half counts
+        DFile file = Record("f", 0x20 | pick(2) * 0x10 | pick(2) * 0x02 | pick(2),
+                            (static_cast<std::uint64_t>(pick(2)) << 32) + low);
+        bool expected = spec.sizeTest == 6 ? spec.size <= low && low <= spec.sizeUpper
+                                           : !spec.sizeTest || Lets(spec.sizeTest, low, spec.size);
+        DWORD const held = file.GetAttribute() & spec.attributes;
+        bool const has = spec.attributeTest & 1 ? held != 0 : held == spec.attributes;
+        expected = expected && (!spec.attributeTest || has != bool(spec.attributeTest & 4));
+        struct {
+            char& test;
+            FILETIME& date;
+            void (DFile::*set)(FILETIME const&);
+        } const dates[] = {{spec.createdTest, spec.dateCreated, &DFile::SetDateCreated},
+                           {spec.accessedTest, spec.dateLastAccessed, &DFile::SetDateLastAccessed},
+                           {spec.writtenTest, spec.dateWritten, &DFile::SetDateWritten}};
+        for (auto const& date : dates) {
+            std::int64_t const step = steps[pick(5)];
+            date.test = static_cast<char>(pick(3) ? 0 : pick(8));
+            date.date = At(second);
+            (file.*date.set)(At(second + step, pick(10000000))); // within the second
+            expected = expected && (!date.test || Lets(date.test, step, 0));
+        }
+        ASSERT_EQ(load.IsFileSpec(spec, file), expected) << round;
+        passed += expected;
+    }
+    EXPECT_TRUE(passed > 400 && passed < 3600) << passed;
 }

@@ -1,7 +1,9 @@
 // The search over whole trees. Which entries a search lists is compared with a plain walk in
-// HostileNamesTest, as is a deep tree; here: the order, the tallies, the pruning of start
+// HostileNamesTest, as is a deep tree; sizes past 4 GiB in SearchStatisticsTest, a search
+// without directories in SearchFeedbackTest; here: the order, the tallies, the pruning of start
 // directories, the terms.
 #include "support/Backend.h"
+#include "support/Listing.h"
 #include "support/Records.h"
 
 #include <gtest/gtest.h>
@@ -10,30 +12,6 @@
 #include <string>
 #include <vector>
 
-namespace {
-
-std::vector<std::string> Paths(DFileLoad const& load) {
-    std::vector<std::string> paths;
-    for (DFile const* file = load.files.head; file; file = file->next)
-        paths.push_back(&file->GetFullPath());
-    return paths;
-}
-
-std::set<std::string> PathSet(DFileLoad const& load) {
-    auto const paths = Paths(load);
-    return std::set<std::string>(paths.begin(), paths.end());
-}
-
-// A search of the given start directories.
-DirectoryListingSpec From(std::vector<std::string> const& dirs) {
-    DirectoryListingSpec spec("*.*");
-    for (auto const& dir : dirs)
-        spec.directories.InsertRight(DName(dir.c_str()));
-    return spec;
-}
-
-} // namespace
-
 TEST(RecursiveSearch, BreadthFirstAcrossTrees) {
     TempTree tree;
     for (char const* dir : {"a", "a/deep", "a/deep/deeper", "b", "b/inner"})
@@ -41,7 +19,7 @@ TEST(RecursiveSearch, BreadthFirstAcrossTrees) {
     tree.MakeFile("a/deep/deeper/last");
     DFileLoad load;
     ASSERT_TRUE(load.LoadAllDirListings(From({tree.WinPath("a"), tree.WinPath("b")}), true));
-    EXPECT_EQ(Paths(load),
+    EXPECT_EQ(PathsOf(load),
               (std::vector<std::string>{tree.WinPath("a\\deep"), tree.WinPath("b\\inner"),
                                         tree.WinPath("a\\deep\\deeper"),
                                         tree.WinPath("a\\deep\\deeper\\last")}));
@@ -63,10 +41,10 @@ TEST(RecursiveSearch, OneDirectoryAndItsTallies) {
     spec.namePatterns.InsertRight(DName("*.*")); // one pattern that lets all through: only it
     for (unsigned size : {5u, 10u}) {            // a second search appends
         ASSERT_TRUE(load.LoadDirListing(spec));
-        EXPECT_EQ(load.Size(), size);
-        EXPECT_EQ(load.totalMatches, 5u);
-        EXPECT_EQ(load.totalMatchesSize, 3u);
-        EXPECT_EQ(load.totalSearchDirs, 4u); // the start and each subdirectory, not entered
+        // The start and each subdirectory, not entered, are searched.
+        EXPECT_EQ(std::vector<std::uint64_t>({load.Size(), load.totalMatches, load.totalMatchesSize,
+                                              load.totalSearchDirs}),
+                  std::vector<std::uint64_t>({size, 5, 3, 4}));
     }
     EXPECT_STREQ(&load.spec.namePatterns[0], "*.*");
     EXPECT_EQ(load.spec.namePatterns.count, 1u);
@@ -97,7 +75,7 @@ TEST(RecursiveSearch, OverlappingAndRepeatedDirectories) {
     auto run = [&](std::vector<std::string> const& dirs) {
         DFileLoad load;
         EXPECT_TRUE(load.LoadAllDirListings(From(dirs), false));
-        return PathSet(load);
+        return PathsOf<std::set<std::string>>(load);
     };
     std::string const data = tree.WinPath("data");
     std::string const upperOld = tree.WinPath() + "\\DATA\\old";
@@ -114,13 +92,6 @@ TEST(RecursiveSearch, OverlappingAndRepeatedDirectories) {
     EXPECT_EQ(survivors.count(tree.WinPath("aA\\kept")), 1u);
     EXPECT_EQ(survivors.count(tree.WinPath("baA")), 1u); // an entry of the root
     EXPECT_EQ(survivors.count(tree.WinPath("baA\\dropped")), 0u);
-
-    DFileLoad load;
-    load.totalSearchMilliseconds = 1234;
-    EXPECT_TRUE(load.LoadAllDirListings(From({""}), true));
-    EXPECT_EQ(load.Size(), 0u);
-    EXPECT_EQ(load.totalSearchMilliseconds, 1234u);
-    EXPECT_EQ(load.totalSearchDirs, 1u);
 }
 
 TEST(RecursiveSearch, TextIsSplitIntoTerms) {
@@ -158,21 +129,6 @@ TEST(RecursiveSearch, TextIsSplitIntoTerms) {
     }
 }
 
-TEST(RecursiveSearch, SizesOver4GiB) {
-    TempTree tree;
-    tree.MakeSparseFile("huge", (1ull << 32) + 10);
-    tree.MakeFile("small", "123");
-    DirectoryListingSpec spec = In(tree, "");
-    spec.sizeTest = 4;
-    spec.size = 5; // the low half of the huge file's size is 10
-    DFileLoad load;
-    ASSERT_TRUE(load.LoadDirListing(spec));
-    EXPECT_EQ(Paths(load), std::vector<std::string>{tree.WinPath("huge")});
-    EXPECT_EQ(load.totalSearchedSize, (1ull << 32) + 13);
-    EXPECT_EQ(load.totalMatchesSize, (1ull << 32) + 10);
-    EXPECT_EQ(load[0].GetFileSize64(), (1ull << 32) + 10);
-}
-
 TEST(RecursiveSearch, PatternsAndTextsOfEveryByte) {
     TempTree tree;
     tree.MakeDir("t");
@@ -193,7 +149,7 @@ TEST(RecursiveSearch, PatternsAndTextsOfEveryByte) {
         // The whole text, zero byte and all, stands only in `all`; split into words, it has
         // pieces that both files hold or that neither does, but the search ends either way.
         if (mode == 1 || mode == 9) {
-            EXPECT_EQ(PathSet(load), std::set<std::string>{tree.WinPath("t\\all")}) << mode;
+            EXPECT_EQ(PathsOf(load), std::vector<std::string>{tree.WinPath("t\\all")}) << mode;
         }
     }
 }

@@ -1,9 +1,10 @@
+#include "support/Listing.h"
 #include "support/Records.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cctype>
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -43,21 +44,23 @@ TEST(SearchStatistics, FiguresOverTheListing) {
     ASSERT_TRUE(load.LoadAllDirListings(In(tree, "t"), true));
     ASSERT_EQ(load.Size(), 7u);
 
-    EXPECT_EQ(load.GetTotalFiles(), 4u);
-    EXPECT_EQ(load.GetTotalFileSizes(), 5u + 1 + 0xFFFFFFFF + 5); // low halves, wrapping
-    EXPECT_EQ(load.GetTotalDirs(DName()), 3u);
+    // The run's sizes are whole; the sizes of the files, low halves, wrapping.
+    std::uint64_t const whole = 5 + 1 + 0xFFFFFFFFull + (1ull << 32) + 5;
+    EXPECT_EQ(std::vector<std::uint64_t>({load.GetTotalSearchedSize(), load.GetTotalMatchesSize(),
+                                          load.GetTotalFiles(), load.GetTotalFileSizes(),
+                                          load.GetTotalDirs(DName())}),
+              std::vector<std::uint64_t>({whole, whole, 4, 5u + 1 + 0xFFFFFFFF + 5, 3}));
     // A prefix of the text: under "data" lie "data\inner" and "database", not "data" itself.
-    std::string dataDir = tree.WinPath("t\\data");
+    std::string const dataDir = tree.WinPath("t\\data");
     std::string upper = dataDir;
-    for (char& c : upper)
-        c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    std::transform(upper.begin(), upper.end(), upper.begin(), ::toupper);
     EXPECT_TRUE(load.GetTotalDirs(DName(dataDir.c_str())) == 2 &&
                 load.GetTotalDirs(DName(upper.c_str())) == 2);
     EXPECT_EQ(load.GetTotalDirs(DName(tree.WinPath("t\\data\\inner").c_str())), 0u);
 
     DWORD paths = 0;
-    for (DFile const* file = load.files.head; file; file = file->next)
-        paths += static_cast<DWORD>(std::strlen(&file->GetFullPath()));
+    for (std::string const& path : PathsOf(load))
+        paths += static_cast<DWORD>(path.size());
     EXPECT_EQ(load.GetTotalAllocationSizes(), paths + 7 * 36);
     FileOper out(tree.Path("stream").c_str(), true);
     ASSERT_TRUE(load[2].Write(out)); // the record keeps the key of the write

@@ -38,7 +38,7 @@ DWORD MonotonicNow() {
 
 } // namespace
 
-TEST(PlatformTime, FieldsMatchTheCCalendarAndRoundTrip) {
+TEST(PlatformTime, FieldsMatchTheCCalendarRoundTripAndStayInIt) {
     // gmtime covers the whole range with a 64-bit time_t; every field must agree with it.
     std::vector<std::uint64_t> samples = {116444736000000000ULL};
     for (std::uint64_t ticks = 1; ticks < lastValid / 5000 * 4999; ticks += lastValid / 4999 + 7)
@@ -63,23 +63,20 @@ TEST(PlatformTime, FieldsMatchTheCCalendarAndRoundTrip) {
         }
     }
     EXPECT_EQ(t.wYear, 30828); // the last value, 30828-09-14 02:48:05.477
-
     FILETIME const topBit = Ft(lastValid + 1);
     EXPECT_FALSE(FileTimeToSystemTime(&topBit, &t));
-}
 
-TEST(PlatformTime, SystemTimeOutsideTheCalendarFails) {
+    // Fields inside the calendar convert, those outside fail.
     FILETIME out = {};
-    for (SYSTEMTIME const& t :
+    for (SYSTEMTIME const& fields :
          {St(1601, 1, 1), St(2000, 2, 29), St(30827, 12, 31, 23, 59, 59, 999)})
-        EXPECT_TRUE(SystemTimeToFileTime(&t, &out)) << t.wYear;
+        EXPECT_TRUE(SystemTimeToFileTime(&fields, &out)) << fields.wYear;
     EXPECT_EQ(Ticks(out), 0x7FFF35F4F06C58F0ULL);
-
-    for (SYSTEMTIME const& t :
+    for (SYSTEMTIME const& fields :
          {St(1600, 12, 31), St(30828, 1, 1), St(1900, 2, 29), St(2100, 2, 29), St(2024, 4, 31),
           St(2024, 0, 1), St(2024, 13, 1), St(2024, 1, 0), St(2024, 1, 1, 24),
           St(2024, 1, 1, 0, 60), St(2024, 1, 1, 0, 0, 60), St(2024, 1, 1, 0, 0, 0, 1000)})
-        EXPECT_FALSE(SystemTimeToFileTime(&t, &out)) << t.wYear << "-" << t.wMonth;
+        EXPECT_FALSE(SystemTimeToFileTime(&fields, &out)) << fields.wYear << "-" << fields.wMonth;
 }
 
 TEST(PlatformTime, LocalTimeFollowsTheZoneAtThatInstant) {

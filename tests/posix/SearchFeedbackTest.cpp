@@ -1,3 +1,4 @@
+#include "support/Listing.h"
 #include "support/Records.h"
 
 #include <tessik/Controls.h>
@@ -39,9 +40,11 @@ template <class Control> struct Hook {
     ~Hook() { control.SetChangeCallback(nullptr, nullptr); }
 };
 
-// The four controls, the bar's range 0 to 10, the list showing names only. The bar moves the
-// clock: while it stands at position k (the k-th entry is counted), the time is ticks[k - 1].
-struct Watch {
+// A tree, the four controls and a listing that reports to them; the bar's range 0 to 10, the list
+// showing names only. The bar moves the clock: while it stands at position k (the k-th entry is
+// counted), the time is ticks[k - 1].
+struct Feedback : ::testing::Test {
+    TempTree tree;
     DProgressBar bar;
     DText percent;
     DStatusWnd status;
@@ -52,45 +55,35 @@ struct Watch {
                                       now = ticks[b.Position() - 1];
                               }};
     HWND const barWindow = bar.GetHandle(-1, nullptr), listWindow = list.GetHandle(-1, nullptr);
+    DFileLoad load;
 
-    Watch() {
+    Feedback() {
         bar.SetRange(0, 10, -1);
         list.SetReportStyle(ColumnName);
+        Attach(load);
     }
-    void Attach(DFileLoad& load) { load.SetupControls(&bar, &percent, &status, &list); }
+    void Attach(DFileLoad& to) { to.SetupControls(&bar, &percent, &status, &list); }
 };
 
 // Texts painted on a window from the `from`-th on, with their colours.
 typedef std::vector<std::pair<std::string, COLORREF>> Paints;
-Paints Painted(HWND window, unsigned from = 0) {
+Paints Painted(HWND window, std::size_t from = 0) {
     Paints texts;
-    for (HeadlessText text; HeadlessTextAt(window, from, &text); ++from)
+    for (HeadlessText text; HeadlessTextAt(window, static_cast<unsigned>(from), &text); ++from)
         texts.emplace_back(text.text, text.colour);
     return texts;
 }
 
-unsigned TextCount(HWND window) {
-    unsigned count = 0xDEAD;
-    EXPECT_TRUE(HeadlessTextCount(window, &count));
-    return count;
-}
-
 } // namespace
 
-TEST(SearchFeedback, PaintsTheShareOfEntriesOnTheBar) {
-    TempTree tree;
+TEST_F(Feedback, PaintsTheShareOfEntriesOnTheBar) {
     tree.MakeFiles("t", 13);
-    Watch watch;
-    watch.bar.SetRange(0, 20, -1); // 5% an entry
-    HWND const bar = watch.barWindow;
-    ASSERT_TRUE(HeadlessSetPixel(bar, 0x00ABCDEF));
+    bar.SetRange(0, 20, -1); // 5% an entry
+    ASSERT_TRUE(HeadlessSetPixel(barWindow, 0x00ABCDEF));
     COLORREF const back = 0x00ABCDEF, text = GetSysColor(COLOR_MENUTEXT);
     Clock clock(100000);
-    watch.ticks.assign(13, 100100);
-    watch.ticks[0] = 100000, watch.ticks[10] = 100750, watch.ticks[11] = 101500;
-    watch.ticks[12] = 102250;
-    DFileLoad load;
-    watch.Attach(load);
+    ticks = {100000, 100100, 100100, 100100, 100100, 100100, 100100,
+             100100, 100100, 100100, 100750, 101500, 102250};
     ASSERT_TRUE(load.LoadDirListing(In(tree, "t")));
 
     // A new value at the 1st, 11th (750 ms on), 12th and 13th entries; the old one painted out
@@ -99,10 +92,10 @@ TEST(SearchFeedback, PaintsTheShareOfEntriesOnTheBar) {
     expected.insert(
         expected.end(),
         {{"05% ", back}, {"55% ", text}, {"55% ", back}, {"60% ", text}, {"65% ", text}});
-    EXPECT_EQ(Painted(bar), expected);
+    EXPECT_EQ(Painted(barWindow), expected);
 
     HeadlessText first;
-    ASSERT_TRUE(HeadlessTextAt(bar, 0, &first));
+    ASSERT_TRUE(HeadlessTextAt(barWindow, 0, &first));
     HeadlessFont const& f = first.font;
     EXPECT_EQ(std::vector<long>({long(first.flags), first.backgroundMode, first.rect.right,
                                  first.rect.bottom, f.height, f.width, f.escapement, f.orientation,
@@ -114,29 +107,26 @@ TEST(SearchFeedback, PaintsTheShareOfEntriesOnTheBar) {
     // Given back: the font freed, the context released; the bar back at 0.
     unsigned out = 1;
     EXPECT_FALSE(HeadlessFontOf(first.fontHandle, &first.font));
-    EXPECT_TRUE(HeadlessDCsOut(bar, &out) && out == 0 && watch.bar.Position() == 0);
+    EXPECT_TRUE(HeadlessDCsOut(barWindow, &out) && out == 0 && bar.Position() == 0);
 
     // The tick counter wraps: 0xFFFFFF00 to 0x1EE is 750 ms.
-    unsigned before = TextCount(bar);
-    watch.ticks.assign(13, 0x1EE);
-    watch.ticks[0] = 0xFFFFFF00, watch.ticks[1] = 0x1ED;
+    std::size_t before = Painted(barWindow).size();
+    ticks.assign(13, 0x1EE);
+    ticks[0] = 0xFFFFFF00, ticks[1] = 0x1ED;
     ASSERT_TRUE(load.LoadDirListing(In(tree, "t")));
-    Paints const wrapped = Painted(bar, before);
-    ASSERT_GE(wrapped.size(), 4u);
-    EXPECT_EQ(Paints(wrapped.begin(), wrapped.begin() + 4),
-              Paints({{"05% ", text}, {"05% ", text}, {"05% ", back}, {"15% ", text}}));
+    Paints wrapped(11, {"15% ", text});
+    wrapped.insert(wrapped.begin(), {{"05% ", text}, {"05% ", text}, {"05% ", back}});
+    EXPECT_EQ(Painted(barWindow, before), wrapped);
 
-    watch.bar.SetRange(0, 0, -1); // a bar without a range shows 0%
-    before = TextCount(bar);
+    bar.SetRange(0, 0, -1); // a bar without a range shows 0%
+    before = Painted(barWindow).size();
     ASSERT_TRUE(load.LoadDirListing(In(tree, "t")));
-    EXPECT_EQ(Painted(bar, before).front(), std::make_pair(std::string("00% "), text));
+    EXPECT_EQ(Painted(barWindow, before).front(), std::make_pair(std::string("00% "), text));
 }
 
-TEST(SearchFeedback, ShowsTheShareOfMatchesAndTheDirectory) {
-    TempTree tree;
+TEST_F(Feedback, ShowsTheShareOfMatchesAndTheDirectory) {
     tree.MakeFiles("t1", 2, ".txt");
     tree.MakeFiles("t2", 2, ".log");
-    Watch watch;
     // What each text shows when it is redrawn.
     std::vector<std::string> shown[2];
     unsigned redraws[2] = {};
@@ -147,37 +137,30 @@ TEST(SearchFeedback, ShowsTheShareOfMatchesAndTheDirectory) {
             redraws[which] = control.RedrawCount();
         };
     };
-    Hook<DIBasics> percent(watch.percent, note(0)), status(watch.status, note(1));
-    DirectoryListingSpec spec("*.txt");
-    spec.directories.InsertRight(DName(tree.WinPath("t1").c_str()));
-    spec.directories.InsertRight(DName(tree.WinPath("t2").c_str()));
+    Hook<DIBasics> percentHook(percent, note(0)), statusHook(status, note(1));
+    DirectoryListingSpec spec = From({tree.WinPath("t1"), tree.WinPath("t2")});
+    spec.namePatterns[0] = "*.txt";
     Clock clock(500);
-    DFileLoad load;
-    watch.Attach(load);
     ASSERT_TRUE(load.LoadAllDirListings(spec, false));
 
     // Each text is redrawn once it is set; it shows the entries before the one arriving.
     EXPECT_EQ(shown[0], (std::vector<std::string>{"0.00%", "100.00%", "100.00%", "66.67%"}));
-    EXPECT_EQ(Shown(watch.percent.Text()), "66.67%");
+    EXPECT_EQ(Shown(percent.Text()), "66.67%");
     EXPECT_EQ(shown[1], (std::vector<std::string>{tree.WinPath("t1"), tree.WinPath("t2")}));
-    EXPECT_TRUE(Shown(watch.status.Text()) == " " && load.files.count == 2);
+    EXPECT_TRUE(Shown(status.Text()) == " " && load.files.count == 2);
 }
 
-TEST(SearchFeedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
-    TempTree tree;
+TEST_F(Feedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
     tree.MakeFiles("t", 5);
-    Watch watch;
     std::vector<std::pair<unsigned, HeadlessRegion>> drawn; // rows, and the list's region
-    Hook<DListControl> rows(watch.list, [&](DListControl& control) {
+    Hook<DListControl> rows(list, [&](DListControl& control) {
         HeadlessRegion region = {};
-        HeadlessRegionOf(watch.listWindow, &region);
+        HeadlessRegionOf(listWindow, &region);
         if (control.RowCount() > 0)
             drawn.emplace_back(control.RowCount(), region);
     });
     Clock clock(0);
-    watch.ticks = {1000, 1500, 1699, 1700, 2000}; // rows at the 1st and the 4th entry
-    DFileLoad load;
-    watch.Attach(load);
+    ticks = {1000, 1500, 1699, 1700, 2000}; // rows at the 1st and the 4th entry
     ASSERT_TRUE(load.LoadDirListing(In(tree, "t")));
     ASSERT_EQ(drawn.size(), 5u);
     for (unsigned i = 0; i < drawn.size(); ++i) {
@@ -188,63 +171,55 @@ TEST(SearchFeedback, DrawsNewRowsInBatchesWhileTheListIsHidden) {
     EXPECT_EQ(std::vector<long>({hidden.left, hidden.top, hidden.right, hidden.bottom}),
               std::vector<long>({1, 1, 2, 2}));
     HeadlessRegion region;
-    ASSERT_TRUE(HeadlessRegionOf(watch.listWindow, &region));
+    ASSERT_TRUE(HeadlessRegionOf(listWindow, &region));
     EXPECT_TRUE(region.whole && region.changes == 4 && !region.redrawAsked);
     for (unsigned row = 0; row < 5; ++row)
-        EXPECT_EQ(Shown(watch.list.CellImage(row, 0)), &load.files[row].fullPath);
+        EXPECT_EQ(Shown(list.CellImage(row, 0)), &load.files[row].fullPath);
 
     // An interval that never comes up: every row at the end, the list never hidden.
     drawn.clear();
-    watch.ticks.assign(5, 500);
+    ticks.assign(5, 500);
     now = 500;
     DFileLoad quick;
-    watch.Attach(quick);
+    Attach(quick);
     ASSERT_TRUE(quick.LoadDirListing(In(tree, "t")));
     ASSERT_EQ(drawn.size(), 5u);
-    EXPECT_TRUE(drawn[0].second.whole && HeadlessRegionOf(watch.listWindow, &region) &&
+    EXPECT_TRUE(drawn[0].second.whole && HeadlessRegionOf(listWindow, &region) &&
                 region.changes == 4);
 
     // Counting only: the list is emptied and the records the listing holds drawn anew.
     tree.MakeFiles("u", 2);
     drawn.clear();
     ASSERT_EQ(quick.GetTotalDirListings(In(tree, "u"), false), 2u);
-    EXPECT_TRUE(quick.files.count == 5 && watch.list.RowCount() == 5 && drawn[0].first == 1);
-    EXPECT_EQ(Shown(watch.list.CellImage(0, 0)), &quick.files[0].fullPath);
+    EXPECT_TRUE(quick.files.count == 5 && list.RowCount() == 5 && drawn[0].first == 1);
+    EXPECT_EQ(Shown(list.CellImage(0, 0)), &quick.files[0].fullPath);
 }
 
-TEST(SearchFeedback, DropsABarWithoutDeviceContext) {
-    TempTree tree;
+TEST_F(Feedback, DropsABarWithoutDeviceContext) {
     tree.MakeFiles("t", 3);
-    Watch watch;
-    ASSERT_TRUE(HeadlessFailGetDC(watch.barWindow, true));
-    watch.bar.SetPos(7, -1);
+    ASSERT_TRUE(HeadlessFailGetDC(barWindow, true));
+    bar.SetPos(7, -1);
     Clock clock(5000);
-    DFileLoad load;
-    watch.Attach(load);
     ASSERT_TRUE(load.LoadDirListing(In(tree, "t")));
     // Nor reset at the end.
-    EXPECT_TRUE(!load.progressBar && watch.bar.Position() == 7 && TextCount(watch.barWindow) == 0);
-    EXPECT_EQ(Shown(watch.percent.Text()) + Shown(watch.status.Text()), "100.00% ");
-    EXPECT_EQ(watch.list.RowCount(), 3u);
-    ASSERT_TRUE(HeadlessFailGetDC(watch.barWindow, false));
+    EXPECT_TRUE(!load.progressBar && bar.Position() == 7 && Painted(barWindow).empty());
+    EXPECT_EQ(Shown(percent.Text()) + Shown(status.Text()), "100.00% ");
+    EXPECT_EQ(list.RowCount(), 3u);
+    ASSERT_TRUE(HeadlessFailGetDC(barWindow, false));
     ASSERT_TRUE(load.LoadDirListing(In(tree, "t"))); // still given up
-    EXPECT_EQ(TextCount(watch.barWindow), 0u);
-    watch.Attach(load);
+    EXPECT_TRUE(Painted(barWindow).empty());
+    Attach(load);
     ASSERT_TRUE(load.LoadDirListing(In(tree, "t")));
-    EXPECT_EQ(TextCount(watch.barWindow), 3u);
+    EXPECT_EQ(Painted(barWindow).size(), 3u);
 }
 
-TEST(SearchFeedback, StopsWhenAsked) {
-    TempTree tree;
+TEST_F(Feedback, StopsWhenAsked) {
     tree.MakeFiles("a", 3);
     tree.MakeFiles("a/sub", 2);
     tree.MakeFiles("t", 4);
-    Watch watch;
     std::vector<std::string> statuses;
-    Hook<DStatusWnd> status(watch.status,
-                            [&](DStatusWnd& c) { statuses.push_back(Shown(c.Text())); });
-    DFileLoad load;
-    watch.Attach(load);
+    Hook<DStatusWnd> statusHook(status,
+                                [&](DStatusWnd& c) { statuses.push_back(Shown(c.Text())); });
     load.SetAbort(); // no run: nothing to stop
     EXPECT_TRUE(!load.abortRequested && statuses.empty());
 
@@ -253,7 +228,7 @@ TEST(SearchFeedback, StopsWhenAsked) {
     for (bool clear : {false, true}) {
         statuses.clear();
         bool asked = false;
-        status.act = [&](DStatusWnd& control) {
+        statusHook.act = [&](DStatusWnd& control) {
             statuses.push_back(Shown(control.Text()));
             if (!asked && Shown(control.Text()) == tree.WinPath("a/sub")) {
                 asked = true;
@@ -268,34 +243,34 @@ TEST(SearchFeedback, StopsWhenAsked) {
         EXPECT_FALSE(load.abortRequested || load.searching);
         EXPECT_EQ(load.files.count, clear ? 6u : 4u);
         if (clear) {
-            EXPECT_EQ(Shown(watch.status.Text()), " ");
+            EXPECT_EQ(Shown(status.Text()), " ");
             continue;
         }
-        EXPECT_EQ(watch.list.RowCount(), 0u);
+        EXPECT_EQ(list.RowCount(), 0u);
         ASSERT_GE(statuses.size(), 2u);
-        EXPECT_EQ(statuses[statuses.size() - 2] + statuses.back() + Shown(watch.status.Text()),
+        EXPECT_EQ(statuses[statuses.size() - 2] + statuses.back() + Shown(status.Text()),
                   "Please wait while cleaning up for abort...Stopped processing folders."
                   "Stopped processing folders.");
     }
 
     // While rows are drawn, at the last entry: they stop after the row, the run ends well.
-    status.act = [](DStatusWnd&) {};
-    Hook<DListControl> rows(watch.list, [&](DListControl& control) {
+    statusHook.act = [](DStatusWnd&) {};
+    Hook<DListControl> rows(list, [&](DListControl& control) {
         if (control.RowCount() == 2 && !load.abortRequested)
             load.SetAbort();
     });
     Clock clock(0);
-    watch.ticks = {500, 500, 500, 1000};
+    ticks = {500, 500, 500, 1000};
     load.Destroy();
     EXPECT_TRUE(load.LoadDirListing(In(tree, "a")));
-    EXPECT_TRUE(load.files.count == 4 && watch.list.RowCount() == 2);
-    EXPECT_EQ(Shown(watch.status.Text()), " ");
+    EXPECT_TRUE(load.files.count == 4 && list.RowCount() == 2);
+    EXPECT_EQ(Shown(status.Text()), " ");
 
     // Without a status window, from the clock at its third reading (the start, then one a row
     // check): no rows.
-    DListControl list;
+    DListControl bareList;
     DFileLoad bare;
-    bare.SetupControls(nullptr, nullptr, nullptr, &list);
+    bare.SetupControls(nullptr, nullptr, nullptr, &bareList);
     static DFileLoad* stopping;
     static unsigned readings;
     stopping = &bare, readings = 0;
@@ -305,7 +280,7 @@ TEST(SearchFeedback, StopsWhenAsked) {
         return 500;
     });
     EXPECT_FALSE(bare.LoadDirListing(In(tree, "t")));
-    EXPECT_TRUE(bare.totalSearched == 2 && list.RowCount() == 0);
+    EXPECT_TRUE(bare.totalSearched == 2 && bareList.RowCount() == 0);
 }
 
 TEST(SearchStatistics, MillisecondsOfAnEmptyQueueStay) {
@@ -317,10 +292,7 @@ TEST(SearchStatistics, MillisecondsOfAnEmptyQueueStay) {
     DFileLoad load;
     ASSERT_TRUE(load.LoadDirListing(In(tree, "d")));
     EXPECT_EQ(load.GetTotalSearchMilliseconds(), 12345u);
-
-    DirectoryListingSpec nowhere("*.*");
-    nowhere.directories.InsertRight(DName()); // a directory that gives no queue entry
-    EXPECT_TRUE(load.LoadDirListing(nowhere));
+    EXPECT_TRUE(load.LoadDirListing(From({""}))); // a directory that gives no queue entry
     EXPECT_EQ(load.GetTotalSearchMilliseconds(), 12345u);
     EXPECT_EQ(load.GetTotalSearchDirs(), 1u);
 }

@@ -1,5 +1,6 @@
 // Entries a Windows tree never holds (named pipes, sockets, devices), directories the process may
 // not read, the owner's write bit and the room of the disk: how the posix backend shows them.
+#include "support/Listing.h"
 #include "support/Records.h"
 
 #include <tessik/headless.h>
@@ -66,16 +67,11 @@ TEST(FileOper, OpensOnlyRegularFiles) {
     TempTree tree;
     tree.MakeDir("dir");
     MakeFifo(tree, "fifo");
-    for (char const* name : {"dir", "fifo"}) {
-        EXPECT_FALSE(FileOper(tree.Path(name).c_str(), false).isOpen()) << name;
+    for (char const* name : {"dir", "fifo"})
         EXPECT_FALSE(FileOper(tree.Path(name).c_str(), true).isOpen()) << name;
-    }
-    EXPECT_FALSE(FileOper(tree.Path("missing").c_str(), false).isOpen());
-    EXPECT_FALSE(FileOper("/dev/null", false).isOpen());
-    struct stat info;
-    if (stat("/proc/self/status", &info) == 0) {
-        EXPECT_FALSE(FileOper("/proc/self/status", false).isOpen());
-    }
+    for (std::string const& path : {tree.Path("dir"), tree.Path("fifo"), tree.Path("missing"),
+                                    std::string("/dev/null"), std::string("/proc/self/status")})
+        EXPECT_FALSE(FileOper(path.c_str(), false).isOpen()) << path;
 }
 
 TEST(RecursiveSearch, SpecialEntriesAndUnreadableDirectories) {
@@ -96,10 +92,7 @@ TEST(RecursiveSearch, SpecialEntriesAndUnreadableDirectories) {
     std::set<std::string> expected = {tree.WinPath("t\\hit")};
     if (!permissions.Active())
         expected.insert(tree.WinPath("t\\closed\\hidden-hit"));
-    std::set<std::string> found;
-    for (DFile const* file = load.files.head; file; file = file->next)
-        found.insert(&file->GetFullPath());
-    EXPECT_EQ(found, expected);
+    EXPECT_EQ(PathsOf<std::set<std::string>>(load), expected);
 }
 
 TEST(SearchStatistics, AnalysisByAttribute) {
