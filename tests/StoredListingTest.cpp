@@ -1,17 +1,7 @@
 #include "support/RecordFields.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <random>
-
-namespace {
-
-std::string Word(DWORD value) {
-    return {char(value), char(value >> 8), char(value >> 16), char(value >> 24)};
-}
-
-} // namespace
 
 // Random listings (paths of any bytes, empty ones among them, every number over its whole range)
 // come back whole, and each path is found in the stream. The stream of three records is then cut
