@@ -1,7 +1,5 @@
 #include "support/Records.h"
 
-#include <gtest/gtest.h>
-
 #include <cstring>
 #include <memory>
 
@@ -27,28 +25,23 @@ WIN32_FIND_DATAA FindData(char const* name, char const* alternate = "") {
 
 TEST(DFile, EqualityIsAboutEntryAndState) {
     DFile empty;
-    EXPECT_FALSE(empty == empty);
-    EXPECT_TRUE(empty != empty);
-    EXPECT_TRUE(empty.CompStruct(DFile()));
-
+    EXPECT_TRUE(!(empty == empty) && empty != empty && empty.CompStruct(DFile()));
     DFile const a = Dated("C:\\x");
     DFile b = a;
     b.SetDateLastAccessed(Ft(77));
     b.SetIndex(DName("key"));
     EXPECT_TRUE(a == b); // neither the access date nor the key counts
-    for (int change = 0; change < 4; ++change) {
+    void (*const changes[])(DFile&) = {
+        [](DFile& f) { f.SetFileSize(0, 1); }, // same low half, other high half
+        [](DFile& f) { f.SetDateCreated(Ft(3ull << 32 | 5)); },
+        [](DFile& f) { f.dataEncrypted = true; },
+        [](DFile& f) { f.SetFullPath(DName("C:\\y")); }}; // the only one CompStruct ignores
+    for (unsigned i = 0; i < 4; ++i) {
         b = a;
         b.dataEncrypted = false;
-        if (change == 0)
-            b.SetFileSize(0, 1); // same low half, other high half
-        if (change == 1)
-            b.SetDateCreated(Ft(3ull << 32 | 5));
-        if (change == 2)
-            b.dataEncrypted = true;
-        if (change == 3)
-            b.SetFullPath(DName("C:\\y"));
-        EXPECT_FALSE(a == b) << change;
-        EXPECT_EQ(a.CompStruct(b), change == 3) << change;
+        changes[i](b);
+        EXPECT_FALSE(a == b) << i;
+        EXPECT_EQ(a.CompStruct(b), i == 3) << i;
     }
 }
 
