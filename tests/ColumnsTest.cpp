@@ -2,10 +2,6 @@
 // over random listings in SortingTest.
 #include "support/Records.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 TEST(Columns, TextOfEachColumn) {
     TempTree utc;
     DFileLoad load;

@@ -1,12 +1,6 @@
 // The control value objects and the headless controls that the listing feeds.
 #include "support/Records.h"
 
-#include <tessik/Controls.h>
-
-#include <gtest/gtest.h>
-
-#include <vector>
-
 namespace {
 
 struct Changes {

@@ -1,14 +1,7 @@
+#include "support/Backend.h"
 #include "support/Records.h"
 
-#include "support/Backend.h"
-
-#include <gtest/gtest.h>
-
-#include <cstdlib>
 #include <cstring>
-#include <ctime>
-#include <string>
-#include <vector>
 
 namespace {
 

@@ -1,16 +1,10 @@
 #include "support/Records.h"
 
-#include <tessik/ShortName.h>
-
-#include <gtest/gtest.h>
-
 #include <climits>
 #include <functional>
 #include <memory>
 #include <random>
-#include <string>
 #include <utility>
-#include <vector>
 
 namespace {
 

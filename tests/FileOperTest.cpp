@@ -1,12 +1,7 @@
-#include <tessik/FileOper.h>
-
-#include "support/TempTree.h"
-
-#include <gtest/gtest.h>
+#include "support/Records.h"
 
 #include <algorithm>
 #include <random>
-#include <string>
 
 namespace {
 

@@ -1,11 +1,5 @@
 #include "support/Records.h"
 
-#include <tessik/Controls.h>
-
-#include <gtest/gtest.h>
-
-#include <string>
-
 namespace {
 
 // The cells of one row, column 0 first, up to the last written one, separated by "|"; an image

@@ -1,7 +1,5 @@
 #include "support/RecordFields.h"
 
-#include <gtest/gtest.h>
-
 #include <cstdio>
 #include <random>
 #include <set>

@@ -1,14 +1,6 @@
-#include "support/TempTree.h"
-
-#include <tessik/Controls.h>
-#include <tessik/DRect.h>
-#include <tessik/FileOper.h>
-#include <tessik/ShortName.h>
-
-#include <gtest/gtest.h>
+#include "support/Records.h"
 
 #include <filesystem>
-#include <vector>
 
 namespace {
 
