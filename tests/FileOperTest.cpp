@@ -70,23 +70,22 @@ TEST(FileOper, BufferedReadsAndWritesMatchAPlainModel) {
 TEST(FileOper, TextLinesTruncationAndClosing) {
     TempTree tree;
     std::string path = tree.Path("out.txt");
-    {
-        FileOper file(path.c_str(), true);
-        EXPECT_TRUE(file.TWrite("line"));
-        EXPECT_TRUE(file.wtf());
-        EXPECT_TRUE(file.Write("xy", 2));
-        EXPECT_EQ(file.GetLength(), 8u);
-        EXPECT_FALSE(FileOper(&file).isOpen()); // a copy never shares the stream
-    }
+    FileOper file(path.c_str(), true), closed;
+    EXPECT_TRUE(file.TWrite("line") && file.wtf() && file.Write("xy", 2));
+    EXPECT_EQ(file.GetLength(), 8u);
+    file = file;
+    // A stream is never shared: a copy has none, the assigned target writes out and closes its
+    // own file.
+    EXPECT_TRUE(file.isOpen() && !FileOper(file).isOpen() && !FileOper(&file).isOpen());
+    file = closed;
+    EXPECT_TRUE(!file.isOpen() && file.GetLength() == 0);
     EXPECT_EQ(Content(path), "line\n\nxy");
     FileOper reader(path.c_str(), false);
     char buffer[4];
-    EXPECT_TRUE(reader.Read(buffer, 4, false));
-    EXPECT_EQ(reader.GetTotalReadSize(), 4u);
+    EXPECT_TRUE(reader.Read(buffer, 4, false) && reader.GetTotalReadSize() == 4);
     EXPECT_FALSE(reader.Write("z", 1));
     reader.Close();
-    EXPECT_TRUE(reader.isEof());
-    EXPECT_FALSE(reader.Read(buffer, 1, true));
+    EXPECT_TRUE(reader.isEof() && !reader.Read(buffer, 1, true));
     FileOper(path.c_str(), true).Close(); // truncated
     EXPECT_EQ(FileOper(path.c_str(), false).GetLength(), 0u);
 
@@ -111,15 +110,13 @@ TEST(FileOper, ReachesPastFourGiB) {
     tree.MakeSparseFile("big", size);
     FileOper big(tree.Path("big").c_str(), false);
     EXPECT_EQ(big.GetLength(), size);
-    EXPECT_TRUE(big.SetPos(size - 3));
     char buffer[8] = {1, 1, 1};
-    EXPECT_TRUE(big.Read(buffer, sizeof buffer, true));
+    EXPECT_TRUE(big.SetPos(size - 3) && big.Read(buffer, sizeof buffer, true));
     EXPECT_EQ(std::string(buffer, big.GetReadSize()), std::string(3, '\0'));
     EXPECT_EQ(big.GetTotalReadSize(), size);
 
     FileOper out(tree.Path("written").c_str(), true);
-    EXPECT_TRUE(out.SetPos(size));
-    EXPECT_TRUE(out.Write("end", 3));
+    EXPECT_TRUE(out.SetPos(size) && out.Write("end", 3));
     EXPECT_EQ(out.GetLength(), size + 3);
     EXPECT_TRUE(out.Flush()); // written bytes reach the file at the latest here
     EXPECT_EQ(FileOper(tree.Path("written").c_str(), false).GetLength(), size + 3);
