@@ -2,6 +2,7 @@
 #include "support/RecordFields.h"
 
 #include <memory>
+#include <tuple>
 #include <utility>
 
 namespace {
@@ -27,21 +28,17 @@ TEST(DFileText, AttributeFlagsAndWordsFollowTheTableOrder) {
     DFile file;
     file.attributes = 0x9F7; // the nine bits that have a text
     // Any negative value means the record's word; 0 is a word to show; 0x400 has no text.
-    struct Row {
-        int word;
-        char const* flags;
-        char const* words;
-    } const rows[] = {
+    std::tuple<int, char const*, char const*> const rows[] = {
         {-7, "RDANSHCTE",
          "Read Only, Folder, Archive, Normal, System, Hidden, Compressed, Temporary, Encrypted"},
         {0x20, "--A------", "Archive"},
         {0x6, "----SH---", "System, Hidden"},
         {0, "---------", "No Attributes"},
         {0x400, "---------", "No Attributes"}};
-    for (Row const& row : rows)
-        EXPECT_EQ(Shown(file.FormatAttributes(false, row.word)) + "|" +
-                      Shown(file.FormatAttributes(true, row.word)),
-                  std::string(row.flags) + "|" + row.words);
+    for (auto const& [word, flags, words] : rows)
+        EXPECT_EQ(Shown(file.FormatAttributes(false, word)) + "|" +
+                      Shown(file.FormatAttributes(true, word)),
+                  std::string(flags) + "|" + words);
 }
 
 TEST(DFileText, LineHoldsSixFieldsInLocalTime) {
