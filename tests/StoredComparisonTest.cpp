@@ -1,19 +1,6 @@
 #include "support/RecordFields.h"
 
-#include <cstdio>
 #include <random>
-#include <set>
-
-namespace {
-
-std::set<std::string> Names(DFileLoad const& load) {
-    std::set<std::string> names;
-    for (DFile const* f = load.files.head; f; f = f->next)
-        names.insert(&f->GetFileName());
-    return names;
-}
-
-} // namespace
 
 // Against the record-by-record walks as described, on listings of few values in each field, so
 // that records repeat and paths and file names meet. Access dates and keys make no difference.
@@ -53,30 +40,6 @@ TEST(ListingLookup, AgreesWithARecordByRecordWalk) {
         EXPECT_EQ(mine.FindByLong(name), at);
         EXPECT_EQ(mine.FindByFilename(name), byName);
     }
-}
-
-// A stored listing of a tree against a fresh search after a file was touched, one added and one
-// removed: the added and changed records, and swapped, the removed and changed ones.
-TEST(ListingLookup, DifferencesOfATreeAfterChanges) {
-    TempTree tree;
-    tree.MakeDir("t");
-    tree.MakeDir("t/sub");
-    for (char const* name : {"t/a.txt", "t/b.txt", "t/sub/c.txt", "t/sub/d.txt"})
-        tree.MakeFile(name, name);
-    tree.SetTimes("t/sub/c.txt", 1000000000);
-    DirectoryListingSpec const spec(DName("*"), DName(tree.WinPath("t").c_str()));
-    DFileLoad searched, stored, fresh, differences;
-    std::string const path = FreshPath(tree);
-    ASSERT_TRUE(searched.LoadAllDirListings(spec, true) && Store(searched, path));
-    ASSERT_TRUE(Load(stored, path));
-    tree.SetTimes("t/sub/c.txt", 1000000001); // one second later
-    tree.MakeFile("t/new.txt");
-    std::remove(tree.Path("t/b.txt").c_str());
-    ASSERT_TRUE(fresh.LoadAllDirListings(spec, true));
-    EXPECT_TRUE(stored.FindDifferences(fresh, differences) && differences.Size() == 2);
-    EXPECT_EQ(Names(differences), (std::set<std::string>{"c.txt", "new.txt"}));
-    EXPECT_TRUE(fresh.FindDifferences(stored, differences) && differences.Size() == 2);
-    EXPECT_EQ(Names(differences), (std::set<std::string>{"b.txt", "c.txt"}));
 }
 
 // Lines of two records, with all columns and with a control's styles; the report of the same.
