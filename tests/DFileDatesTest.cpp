@@ -13,7 +13,6 @@ bool Same(SYSTEMTIME const& a, SYSTEMTIME const& b) {
     return std::memcmp(&a, &b, sizeof a) == 0;
 }
 
-SYSTEMTIME const fallback = St(1985, 0, 0);
 FILETIME const zero = {0, 0};
 
 } // namespace
@@ -29,7 +28,7 @@ TEST(DFileDates, DatesOutsideTheValidYearsReadAsTheFallback) {
     EXPECT_TRUE(file.GetLocalDate(in2100).wYear == 2100 && !file.isValidDate(in2100));
     // The last a conversion fails.
     for (FILETIME const& date : {zero, Utc(1984, 12, 31, 23, 59, 59), FILETIME{0, 0x80000000}})
-        EXPECT_TRUE(Same(file.GetLocalDate(date), fallback) && !file.isValidDate(date));
+        EXPECT_TRUE(Same(file.GetLocalDate(date), St(1985, 0, 0)) && !file.isValidDate(date));
     EXPECT_TRUE(file.isValidDate(Utc(1985, 1, 1)));
     EXPECT_TRUE(file.CompDates(file.GetUTCDate(St(2004, 13, 1)), zero)); // no such month
 }

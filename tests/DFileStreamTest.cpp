@@ -46,15 +46,11 @@ std::string Name(std::string const& text) {
 
 // The nine numbers of a record in their stored order.
 std::vector<DWORD> Numbers(DFile const& f) {
-    return {f.dateWritten.dwLowDateTime,
-            f.dateWritten.dwHighDateTime,
-            f.dateLastAccessed.dwLowDateTime,
-            f.dateLastAccessed.dwHighDateTime,
-            f.dateCreated.dwLowDateTime,
-            f.dateCreated.dwHighDateTime,
-            f.attributes,
-            f.sizeLow,
-            f.sizeHigh};
+    std::vector<DWORD> numbers;
+    for (FILETIME const* date : {&f.dateWritten, &f.dateLastAccessed, &f.dateCreated})
+        numbers.insert(numbers.end(), {date->dwLowDateTime, date->dwHighDateTime});
+    numbers.insert(numbers.end(), {f.attributes, f.sizeLow, f.sizeHigh});
+    return numbers;
 }
 
 // Every field different, the path with a zero byte and bytes above 127.
