@@ -33,21 +33,17 @@ TEST(FileOper, BufferedReadsAndWritesMatchAPlainModel) {
         FileOper file(path.c_str(), true);
         for (int step = 0; step < 3000; ++step) {
             std::size_t const size = pick(4) == 0 ? pick(150000) : pick(300);
-            switch (pick(3)) {
-            case 0: {
+            std::size_t const action = pick(3);
+            if (action == 0) {
                 std::string const bytes = pattern.substr(pick(26), size);
                 ASSERT_TRUE(file.Write(bytes.data(), static_cast<DWORD>(size)));
-                if (model.size() < position + size)
-                    model.resize(position + size, '\0');
+                model.resize(std::max(model.size(), position + size));
                 model.replace(position, size, bytes);
                 position += size;
-                break;
-            }
-            case 1:
+            } else if (action == 1) {
                 position = pick(model.size() + 10);
                 ASSERT_TRUE(file.SetPos(position));
-                break;
-            default: {
+            } else {
                 std::string got(size, '\0');
                 bool const partial = pick(2);
                 std::size_t const expected =
@@ -61,7 +57,6 @@ TEST(FileOper, BufferedReadsAndWritesMatchAPlainModel) {
                 ASSERT_EQ(file.GetPos(), position);
                 ASSERT_EQ(file.isEof(), position >= model.size());
             }
-            }
         }
     }
     EXPECT_EQ(Content(path), model);
@@ -74,8 +69,7 @@ TEST(FileOper, TextLinesTruncationAndClosing) {
     EXPECT_TRUE(file.TWrite("line") && file.wtf() && file.Write("xy", 2));
     EXPECT_EQ(file.GetLength(), 8u);
     file = file;
-    // A stream is never shared: a copy has none, the assigned target writes out and closes its
-    // own file.
+    // A stream is never shared: a copy has none, an assigned target writes out and closes its own.
     EXPECT_TRUE(file.isOpen() && !FileOper(file).isOpen() && !FileOper(&file).isOpen());
     file = closed;
     EXPECT_TRUE(!file.isOpen() && file.GetLength() == 0);
