@@ -145,8 +145,7 @@ TEST(DName, TakesPathsApartAndJoinsThem) {
     EXPECT_EQ(dir, "/x\\/x");
 }
 
-// The stream form is read and written with every record: see DFileStreamTest and
-// StoredListingTest.
+// The stream form is read and written with every record, in DFileStreamTest and StoredListingTest.
 TEST(DName, RadixFormSurvivesARoundTrip) {
     DName all;
     for (int value = 0; value < 256; ++value) // not `byte`, a type of <windows.h>

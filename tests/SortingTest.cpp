@@ -7,8 +7,7 @@
 
 namespace {
 
-// ---- The sorts as plainly described: value copies between positions of the chain --------
-
+// The sorts as plainly described: value copies between positions of the chain.
 void PlainSortRecursive(DFileLoad& load, int first, int last) {
     DFile pivot;
     pivot = load[static_cast<unsigned>(first)];
@@ -92,8 +91,6 @@ void PlainSortAlpha(DFileLoad& load, unsigned column, bool descending) {
         load.files.ReplacePos(b, held);
     }
 }
-
-// ---- Random listings with many equal keys -------------------------------------------------
 
 unsigned Pick(std::mt19937& random, unsigned n) {
     return static_cast<unsigned>(random() % n);

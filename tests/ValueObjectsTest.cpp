@@ -16,8 +16,7 @@ template <class T> void CheckLists(Link<DWORD> T::*list) {
     for (DWORD v : {1u, 2u, 3u})
         (target.*list).InsertRight(v);
     target = T();
-    EXPECT_EQ((target.*list).count, 0u);
-    EXPECT_EQ((target.*list).head, nullptr);
+    EXPECT_TRUE((target.*list).count == 0 && (target.*list).head == nullptr);
     {
         T source;
         for (DWORD v : {7u, 8u})
