@@ -57,11 +57,6 @@ TEST(ListDrawing, ReportStyleBitsNumberTheControlColumns) {
         EXPECT_TRUE(load.DrawFile(file, 3));
         EXPECT_EQ(Rows(list), row.empty() ? "" : "3:" + row + " ") << style;
     }
-    list.Reset();
-    list.SetReportStyle(ColumnSize);
-    file.SetFileSize(0xFFFFFFFF, 0);
-    EXPECT_TRUE(load.DrawFile(file, 0));
-    EXPECT_EQ(Row(list, 0), "4294967295");
 }
 
 TEST(ListDrawing, RedrawsAStretchOfTheListingAtItsPositions) {
