@@ -40,9 +40,8 @@ TEST(RecordPaths, ParentShortAndLongForms) {
     for (std::string const& path : {file, dir, missing, std::string()}) {
         DFile const record = Record(path.c_str());
         std::string const last = path.substr(path.find_last_of('\\') + 1);
-        EXPECT_EQ(&record.GetOldStyle() + std::string("|") + &record.GetNewStyle(),
-                  path + "|" + path);
-        EXPECT_EQ(&record.GetOldFullPath() + std::string("|") + &record.GetNewFullPath(),
-                  last + "|" + last);
+        EXPECT_EQ(&record.GetOldStyle() + std::string("|") + &record.GetNewStyle() + "|" +
+                      &record.GetOldFullPath() + "|" + &record.GetNewFullPath(),
+                  path + "|" + path + "|" + last + "|" + last);
     }
 }
