@@ -62,15 +62,12 @@ TEST(DFileText, LineHoldsSixFieldsInLocalTime) {
 }
 
 TEST(DFileText, ReadingOddLines) {
-    DFile file(DName("old"), 0x20, 9, nullptr, nullptr, nullptr);
-    file.dataEncrypted = true;
-    file.hashKey = "key";
-    DFile* const link = std::addressof(file);
-    file.next = link;
+    DFile file = Record("old", 0x20, 9);
+    file.dataEncrypted = true, file.hashKey = "key", file.next = std::addressof(file);
     DName text("no separator at all");
     file.FromString(text, '|');
     EXPECT_TRUE(file.isEmpty() && !file.dataEncrypted && file.hashKey.isEmpty() &&
-                file.attributes == 0 && file.next == link);
+                file.attributes == 0 && file.next == std::addressof(file));
     EXPECT_EQ(Shown(text), "no separator at all");
 
     // Path, size (the low word of the number), attributes; a token that is not the last
@@ -127,8 +124,7 @@ TEST(DFileText, DatesReadBackFromTheLineToTheSecond) {
 TEST(DFileText, ReportBlockHasSixLabelledLinesInUtc) {
     TempTree tree;
     tree.UseZone("EST5EDT,M3.2.0,M11.1.0"); // the report ignores the zone and the valid years
-    DFile file(DName("Z:\\dir\\old.bin"), 0, 0, nullptr, nullptr, nullptr);
-    file.SetFileSize(0xFFFFFFFF, 1);
+    DFile file = Record("Z:\\dir\\old.bin", 0, 0x1FFFFFFFF);
     file.SetDateCreated(Utc(2004, 3, 9, 18, 5, 7));
     file.SetDateWritten(Utc(2100, 12, 31, 23, 59, 59));
     std::string const path = FreshPath(tree);

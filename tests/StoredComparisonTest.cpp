@@ -46,9 +46,8 @@ TEST(ListingLookup, AgreesWithARecordByRecordWalk) {
 TEST(ListingLineFormat, ColumnsLineUpAndTheReportHasOneHeader) {
     TempTree tree;
     DFileLoad load;
-    load.InsertRight(DFile(DName("C:\\a\\long-name.txt"), 0x20, 5, nullptr, nullptr, nullptr));
-    load.InsertRight(DFile(DName("D:\\b.c"), 0, 1, nullptr, nullptr, nullptr));
-    load[1].sizeHigh = 1; // 4294967297, shown in full
+    load.InsertRight(Record("C:\\a\\long-name.txt", 0x20, 5));
+    load.InsertRight(Record("D:\\b.c", 0, 4294967297)); // shown in full
     std::string const date(&DFile().FormatNumericalDate(FILETIME{0, 0}));
     std::string const dates = date + " " + date + " " + date;
     EXPECT_EQ(&load.Format(0),
