@@ -68,11 +68,6 @@ bool Same(DFile const& a, DFile const& b) {
     return a == b && a.CompDates(a.dateLastAccessed, b.dateLastAccessed);
 }
 
-bool WriteTo(std::string const& path, DFile& file) {
-    FileOper out(path.c_str(), true);
-    return file >> out;
-}
-
 bool ReadFrom(std::string const& path, DFile& file) {
     FileOper in(path.c_str(), false);
     return file << in;
@@ -84,9 +79,9 @@ TEST(DFileStream, RoundTripsWithANewKeyEachWrite) {
     TempTree tree;
     DFile file = Sample();
     file.SetIndex(DName("index text"));
-    ASSERT_TRUE(WriteTo(tree.Path("first"), file));
+    ASSERT_TRUE(Store(file, tree.Path("first")));
     DName const firstKey = file.GetKey();
-    ASSERT_TRUE(WriteTo(tree.Path("second"), file));
+    ASSERT_TRUE(Store(file, tree.Path("second")));
     EXPECT_TRUE(firstKey != DName("index text") && file.GetKey() != firstKey);
     EXPECT_TRUE(!file.isDataEncrypted() && Same(file, Sample()));
     EXPECT_NE(FileBytes(tree.Path("first")), FileBytes(tree.Path("second")));
@@ -98,11 +93,11 @@ TEST(DFileStream, RoundTripsWithANewKeyEachWrite) {
     // Scrambled by the caller: it goes out with its own key and is plain afterwards.
     ASSERT_TRUE(file.Encrypt());
     DName const key = file.GetKey();
-    ASSERT_TRUE(WriteTo(tree.Path("s"), file));
+    ASSERT_TRUE(Store(file, tree.Path("s")));
     EXPECT_TRUE(Same(file, Sample()) && ReadFrom(tree.Path("s"), first));
     EXPECT_TRUE(Same(first, Sample()) && first.GetKey() == key);
     FileOper closed, readOnly(tree.Path("s").c_str(), false); // a failing write, plain as well
-    EXPECT_FALSE(file.Write(closed) || file.Write(readOnly));
+    EXPECT_FALSE(file.Write(closed) || file >> readOnly);
     EXPECT_TRUE(Same(file, Sample()));
 }
 
@@ -120,7 +115,7 @@ TEST(DFileStream, StreamLayoutIsPinned) {
     msvcrt_srand(1);
     DFile named = Sample();
     named.fullPath = "a";
-    ASSERT_TRUE(WriteTo(path, named));
+    ASSERT_TRUE(Store(named, path));
     std::string expected = std::string("\x01", 1) + Name("\x49\x19") + Word(1) + "(";
     for (DWORD number : Numbers(Sample()))
         expected += Word(number ^ (25 * 2 + 73 * 256 + 25 + 73));
