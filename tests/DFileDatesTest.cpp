@@ -17,7 +17,7 @@ FILETIME const zero = {0, 0};
 
 } // namespace
 
-TEST(DFileDates, DatesOutsideTheValidYearsReadAsTheFallback) {
+TEST(DFileDates, FallbackOutsideTheValidYearsAndComparisonsToTheSecond) {
     TempTree utcZone;
     DFile file;
     std::string const shown = " 0, 1985  12:00:00 AM|0/00/1985 12:00:00 AM";
@@ -31,6 +31,17 @@ TEST(DFileDates, DatesOutsideTheValidYearsReadAsTheFallback) {
         EXPECT_TRUE(Same(file.GetLocalDate(date), St(1985, 0, 0)) && !file.isValidDate(date));
     EXPECT_TRUE(file.isValidDate(Utc(1985, 1, 1)));
     EXPECT_TRUE(file.CompDates(file.GetUTCDate(St(2004, 13, 1)), zero)); // no such month
+
+    // CompDate: the local fields to the second, the fallback with month 0. CompDateCreated and
+    // the others are the oracle of SortingTest's date columns.
+    FILETIME const in1980 = Utc(1980, 5, 5), in1985 = Utc(1985, 1, 1);
+    EXPECT_EQ(std::vector<int>({file.CompDate(zero, in1980), file.CompDate(zero, in1985),
+                                file.CompDate(in1985, zero)}),
+              std::vector<int>({0, -1, 1}));
+    FILETIME const early = Utc(2004, 3, 9, 13, 5, 7, 1), late = Utc(2004, 3, 9, 13, 5, 7, 999);
+    EXPECT_TRUE(file.CompDate(early, late) == 0 && !file.CompDates(early, late));
+    EXPECT_TRUE(file.CompDates(zero, zero) && !file.isEmpty(FILETIME{0, 1}));
+    EXPECT_EQ(file.CompDate(early, Utc(2004, 2, 29, 23, 59, 59)), 1);
 }
 
 // Local times on the twelve-hour clock are shown in DFileTextTest.
@@ -50,20 +61,4 @@ TEST(DFileDates, LocalDatesGoThroughTheZone) {
                 file.isValidDate(St(2080, 12, 31, 23, 59, 59)));
     EXPECT_FALSE(file.isValidDate(Utc(1984, 12, 31, 18, 29, 59)) ||
                  file.isValidDate(St(2081, 1, 1)) || file.isValidDate(St(2004, 2, 30)));
-}
-
-// CompDateCreated and the others are the oracle of the date columns in SortingTest.
-TEST(DFileDates, CompDateComparesLocalFieldsToTheSecond) {
-    TempTree utcZone;
-    DFile file;
-    FILETIME const in1980 = Utc(1980, 5, 5), in1985 = Utc(1985, 1, 1);
-    // The fallback has month 0.
-    EXPECT_EQ(std::vector<int>({file.CompDate(zero, in1980), file.CompDate(zero, in1985),
-                                file.CompDate(in1985, zero)}),
-              std::vector<int>({0, -1, 1}));
-
-    FILETIME const early = Utc(2004, 3, 9, 13, 5, 7, 1), late = Utc(2004, 3, 9, 13, 5, 7, 999);
-    EXPECT_TRUE(file.CompDate(early, late) == 0 && !file.CompDates(early, late));
-    EXPECT_TRUE(file.CompDates(zero, zero) && !file.isEmpty(FILETIME{0, 1}));
-    EXPECT_EQ(file.CompDate(early, Utc(2004, 2, 29, 23, 59, 59)), 1);
 }
