@@ -152,9 +152,7 @@ TEST(DFileStream, ScramblingKnownAnswers) {
     // A record: the path of two characters first, then the words in the record's field order
     // (sizeLow, sizeHigh, attributes, created, accessed, written) take at2, at0, at4 in turn.
     DFile file = Sample();
-    file.fullPath = "ab";
-    file.hashKey = Raw(six);
-    file.dataEncrypted = true;
+    file.fullPath = "ab", file.hashKey = Raw(six), file.dataEncrypted = true;
     ASSERT_TRUE(file.Decrypt());
     DWORD const masks[] = {at0, at4, at4, at2, at2, at0, at4, at2, at0}; // in stored order
     for (unsigned i = 0; i < 9; ++i)

@@ -5,19 +5,17 @@
 
 namespace {
 
-DFile Dated(char const* path, DWORD attributes = 0x20) {
+DFile Dated(char const* path) {
     FILETIME const written = Ft(1ull << 32 | 2), created = Ft(3ull << 32 | 4),
                    accessed = Ft(5ull << 32 | 6);
-    return DFile(DName(path), attributes, 0, &created, &accessed, &written);
+    return DFile(DName(path), 0x20, 0, &created, &accessed, &written);
 }
 
 WIN32_FIND_DATAA FindData(char const* name, char const* alternate = "") {
     WIN32_FIND_DATAA data = {};
     std::strcpy(data.cFileName, name);
     std::strcpy(data.cAlternateFileName, alternate);
-    data.dwFileAttributes = 0x21;
-    data.nFileSizeLow = 7;
-    data.nFileSizeHigh = 1;
+    data.dwFileAttributes = 0x21, data.nFileSizeLow = 7, data.nFileSizeHigh = 1;
     return data;
 }
 
@@ -83,8 +81,8 @@ TEST(DFile, AssignmentKeepsLinkAndScrambleStateAndDotsAreNames) {
     EXPECT_STREQ(&target, "b.txt");
     EXPECT_TRUE(target.GetDateWritten().dwHighDateTime == 1 && target.GetAttribute() == 0x20);
     target.Destroy();
-    EXPECT_TRUE(target.isEmpty() && target.GetAttribute() == 0);
-    EXPECT_EQ(target.next, std::addressof(other));
+    EXPECT_TRUE(target.isEmpty() && target.GetAttribute() == 0 &&
+                target.next == std::addressof(other));
 
     EXPECT_FALSE(DFile().isDots() || Record("...").isDots() || Record(".profile").isDots());
     EXPECT_TRUE(Record("C:\\dir\\..").isDots() && Record(".").isDots());
@@ -118,13 +116,11 @@ TEST(DFile, FromPathFillsFromTheFileSystemTo100Nanoseconds) {
     tree.SetTimes("data.txt", 1000000000, 123456789);
     DFile file = Dated("unchanged");
     EXPECT_FALSE(file.FromPath(DName(tree.WinPath("missing").c_str())));
-    EXPECT_STREQ(&file, "unchanged");
-    EXPECT_EQ(file.GetAttribute(), 0x20u);
+    EXPECT_TRUE(std::string(&file) == "unchanged" && file.GetAttribute() == 0x20);
 
     DName const pattern(tree.WinPath("*.txt").c_str());
-    EXPECT_TRUE(file.FromPath(pattern));
+    EXPECT_TRUE(file.FromPath(pattern) && file.GetFileSize() == 5);
     EXPECT_STREQ(&file, &pattern);
-    EXPECT_EQ(file.GetFileSize(), 5u);
     // 2001-09-09 01:46:40.1234567 UTC in 100 ns since 1601: the last 89 ns are cut off.
     EXPECT_EQ(Ticks(file.GetDateWritten()), Ticks(At(1000000000, 1234567)));
     EXPECT_EQ(Ticks(file.GetDateLastAccessed()), Ticks(At(1000000000, 1234567)));

@@ -36,14 +36,11 @@ TEST(DName, HoldsBytesAndKeepsItsLink) {
     DName copy(zeros);
     EXPECT_TRUE(copy.link == nullptr && Shown(copy) == kZeros);
     zeros = other;
-    EXPECT_TRUE(zeros.Copy(copy));
-    EXPECT_EQ(zeros.link, std::addressof(other));
-
+    EXPECT_TRUE(zeros.Copy(copy) && zeros.link == std::addressof(other));
     DName inner("abcdef");
     inner = &inner + 2; // a text inside the name itself
     inner = inner;
-    EXPECT_EQ(inner, "cdef");
-    EXPECT_TRUE(DName(0).isEmpty());
+    EXPECT_TRUE(inner == "cdef" && DName(0).isEmpty());
     EXPECT_EQ(DName(INT_MIN), "-2147483648");
     EXPECT_TRUE(DName() == static_cast<char const*>(nullptr) &&
                 DName("a") != static_cast<char const*>(nullptr));

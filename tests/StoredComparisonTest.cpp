@@ -15,8 +15,7 @@ TEST(ListingLookup, AgreesWithARecordByRecordWalk) {
                 DFile file(DName(paths[random() % 6]), random() % 2 ? 0x20 : 0x10,
                            DWORD(random() % 2), &date, &seen, &date);
                 file.dateCreated.dwHighDateTime = random() % 8 ? 1 : 5;
-                file.sizeHigh = random() % 8 ? 0 : 1;
-                file.hashKey = random() % 2 ? "key" : "";
+                file.sizeHigh = random() % 8 ? 0 : 1, file.hashKey = random() % 2 ? "key" : "";
                 load->InsertRight(file);
             }
         for (DFile const* r = other.files.head; r; r = r->next) {
