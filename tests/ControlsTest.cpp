@@ -47,8 +47,7 @@ TEST(Controls, ListKeepsSparseCellsAndTellsTheHost) {
     EXPECT_EQ(changes.calls, 7);
 }
 
-// How each class copies its lists is checked in ValueObjectsTest; the list's cells, callback and
-// window stay where they are.
+// The list's cells, callback and window stay where they are (its lists: ValueObjectsTest).
 TEST(Controls, AssignmentCopiesFieldsButNotContent) {
     Changes changes;
     DListControl target;

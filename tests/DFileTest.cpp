@@ -65,8 +65,7 @@ TEST(DFile, AttributeBits) {
     EXPECT_TRUE(file.isDir() && !file.isFile() && file.isArchive() && !file.isHidden());
 }
 
-// Copies of records between positions of a listing are checked in SortingTest and
-// ListingCopiesTest; these are the parts of the record alone.
+// The record alone; copies between positions of a listing: SortingTest, ListingCopiesTest.
 TEST(DFile, AssignmentKeepsLinkAndScrambleStateAndDotsAreNames) {
     DFile neighbour, other;
     DFile source = Dated("a");

@@ -161,9 +161,8 @@ TEST(DName, RadixFormSurvivesARoundTrip) {
         EXPECT_TRUE(DName(bad).FromRadix(bad[0] == '0' ? 16 : 10).isEmpty()) << bad;
 }
 
-// The scrambling of names is pinned with the records' in DFileStreamTest and undone on every
-// read of StoredListingTest. Without a key it changes nothing and moves on by the length; a
-// position that wraps past 2^32 inside the text goes on as one that starts at 0.
+// Pinned with the records' scrambling in DFileStreamTest. Without a key it only moves on by the
+// length; a position that wraps past 2^32 inside the text goes on as one that starts at 0.
 TEST(DName, DetWithoutAKeyAndAcrossTheWrap) {
     DName const plain = Raw(std::string("secret\0text", 11));
     DName text = plain, across = plain, head("sec"), tail = Raw(std::string("ret\0text", 8));
