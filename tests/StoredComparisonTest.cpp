@@ -61,14 +61,9 @@ TEST(ListingLineFormat, ColumnsLineUpAndTheReportHasOneHeader) {
         list.SetReportStyle(style.first);
         EXPECT_EQ(&load.Format(1), style.second) << style.first;
     }
-    std::string const report = FreshPath(tree), blocks = FreshPath(tree);
-    {
-        FileOper out(report.c_str(), true), each(blocks.c_str(), true);
-        ASSERT_TRUE(load.TextWrite(out) && load[0].TextWrite(each) && load[1].TextWrite(each));
-    }
-    EXPECT_EQ(FileBytes(report),
+    EXPECT_EQ(Report(tree, load),
               "       Creation     Last Access      Write Date           Size Attributes\n" +
-                  FileBytes(blocks));
+                  Report(tree, load[0]) + Report(tree, load[1]));
 }
 
 TEST(KeyDrawing, ABatchDrawsWhatSingleCallsDraw) {

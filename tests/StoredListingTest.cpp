@@ -17,8 +17,7 @@ TEST(StoredListing, RoundTripsFindsAndKeepsWhatWasRead) {
             std::generate(path.begin(), path.end(), [&] { return char(random()); });
             FILETIME const made = {word(), word()}, seen = {word(), word()},
                            wrote = {word(), word()};
-            DFile file(DName(), word(), word(), &made, &seen, &wrote);
-            file.fullPath.Namen(path.data(), unsigned(path.size()));
+            DFile file(Raw(path), word(), word(), &made, &seen, &wrote);
             file.sizeHigh = random() % 2 ? word() : 0;
             (i < count ? written : read).InsertRight(file); // two records in `read`, to go
         }

@@ -53,6 +53,14 @@ inline std::string FreshPath(TempTree const& tree) {
     return tree.Path("stream" + std::to_string(++made));
 }
 
+// The text report that `object` (a record or a listing) writes into a new stream file.
+template <class T> std::string Report(TempTree const& tree, T& object) {
+    std::string const path = FreshPath(tree);
+    FileOper out(path.c_str(), true);
+    EXPECT_TRUE(object.TextWrite(out) && out.Flush());
+    return FileBytes(path);
+}
+
 // A new file holding `bytes`; its path.
 inline std::string PutFileBytes(TempTree const& tree, std::string const& bytes) {
     std::string const path = FreshPath(tree);
