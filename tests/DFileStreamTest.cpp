@@ -68,11 +68,6 @@ bool Same(DFile const& a, DFile const& b) {
     return a == b && a.CompDates(a.dateLastAccessed, b.dateLastAccessed);
 }
 
-bool ReadFrom(std::string const& path, DFile& file) {
-    FileOper in(path.c_str(), false);
-    return file << in;
-}
-
 } // namespace
 
 TEST(DFileStream, RoundTripsWithANewKeyEachWrite) {
@@ -86,7 +81,7 @@ TEST(DFileStream, RoundTripsWithANewKeyEachWrite) {
     EXPECT_TRUE(!file.isDataEncrypted() && Same(file, Sample()));
     EXPECT_NE(FileBytes(tree.Path("first")), FileBytes(tree.Path("second")));
     DFile first, second;
-    ASSERT_TRUE(ReadFrom(tree.Path("first"), first) && ReadFrom(tree.Path("second"), second));
+    ASSERT_TRUE(Load(first, tree.Path("first")) && Load(second, tree.Path("second")));
     EXPECT_TRUE(Same(first, Sample()) && Same(second, Sample()));
     EXPECT_TRUE(first.GetKey() == firstKey && second.GetKey() == file.GetKey());
 
@@ -94,7 +89,7 @@ TEST(DFileStream, RoundTripsWithANewKeyEachWrite) {
     ASSERT_TRUE(file.Encrypt());
     DName const key = file.GetKey();
     ASSERT_TRUE(Store(file, tree.Path("s")));
-    EXPECT_TRUE(Same(file, Sample()) && ReadFrom(tree.Path("s"), first));
+    EXPECT_TRUE(Same(file, Sample()) && Load(first, tree.Path("s")));
     EXPECT_TRUE(Same(first, Sample()) && first.GetKey() == key);
     FileOper closed, readOnly(tree.Path("s").c_str(), false); // a failing write, plain as well
     EXPECT_FALSE(file.Write(closed) || file >> readOnly);
@@ -126,7 +121,7 @@ TEST(DFileStream, StreamLayoutIsPinned) {
     for (DWORD number = 1; number <= 9; ++number)
         stored += Word(number);
     DFile plain;
-    ASSERT_TRUE(ReadFrom(PutFileBytes(tree, stored), plain));
+    ASSERT_TRUE(Load(plain, PutFileBytes(tree, stored)));
     EXPECT_FALSE(plain.isDataEncrypted());
     EXPECT_EQ(Shown(plain.GetKey()) + "|" + Shown(plain.GetFullPath()), "key|C:\\plain");
     EXPECT_EQ(Numbers(plain), (std::vector<DWORD>{1, 2, 3, 4, 5, 6, 7, 8, 9}));
@@ -173,9 +168,10 @@ TEST(DFileStream, DamagedStreamsGiveFalse) {
     DFile read;
     // Cut inside the numbers: the whole fields before the cut are taken, no further.
     DFile partial = Sample();
-    EXPECT_FALSE(ReadFrom(PutFileBytes(tree, std::string("\x00", 1) + Name("") + Name("p") +
-                                                 Word(1) + Word(2) + Word(3) + "xy"),
-                          partial));
+    std::string const cut = PutFileBytes(tree, std::string("\x00", 1) + Name("") + Name("p") +
+                                                   Word(1) + Word(2) + Word(3) + "xy");
+    FileOper stream(cut.c_str(), false);
+    EXPECT_FALSE(partial << stream); // the stream operator reads
     EXPECT_EQ(Shown(partial.GetFullPath()), "p");
     EXPECT_EQ(Ticks(partial.dateWritten), 2ull << 32 | 1);
     EXPECT_EQ(partial.dateLastAccessed.dwLowDateTime, 0x50607080u);
@@ -199,7 +195,7 @@ TEST(DFileStream, DamagedStreamsGiveFalse) {
           std::string("\x01", 1) + Name("ab") + Word(0x7FFFFFFF) + std::string(40, 'x')}) {
         std::string const path = PutFileBytes(tree, lie);
         bool result = true;
-        std::size_t const largest = LargestAllocation([&] { result = ReadFrom(path, read); });
+        std::size_t const largest = LargestAllocation([&] { result = Load(read, path); });
         EXPECT_FALSE(result);
         EXPECT_LT(largest, 1u << 20); // the stream's own buffer at most
     }
