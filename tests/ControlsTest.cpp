@@ -1,12 +1,6 @@
 // The control value objects and the headless controls that the listing feeds.
 #include "support/Records.h"
 
-#include <tessik/Controls.h>
-
-#include <gtest/gtest.h>
-
-#include <vector>
-
 namespace {
 
 struct Changes {
@@ -41,8 +35,7 @@ TEST(Controls, ListKeepsSparseCellsAndTellsTheHost) {
     // What the search feeds the others is checked in SearchFeedbackTest; another id selects none.
     DProgressBar bar(0, 0, nullptr, 12);
     bar.SetChangeCallback(Changes::Count, &changes);
-    EXPECT_TRUE(bar.Redraw(-1));
-    EXPECT_FALSE(bar.Redraw(4));
+    EXPECT_TRUE(bar.Redraw(-1) && !bar.Redraw(4));
     bar.SetRange(5, 400, 12);
     bar.SetPos(9, 13);
     bar.SetRange(1, 2, 13);
@@ -54,8 +47,7 @@ TEST(Controls, ListKeepsSparseCellsAndTellsTheHost) {
     EXPECT_EQ(changes.calls, 7);
 }
 
-// How each class copies its lists is checked in ValueObjectsTest; the list's cells, callback and
-// window stay where they are.
+// The list's cells, callback and window stay where they are (its lists: ValueObjectsTest).
 TEST(Controls, AssignmentCopiesFieldsButNotContent) {
     Changes changes;
     DListControl target;

@@ -1,14 +1,7 @@
+#include "support/Backend.h"
 #include "support/Records.h"
 
-#include "support/Backend.h"
-
-#include <gtest/gtest.h>
-
-#include <cstdlib>
 #include <cstring>
-#include <ctime>
-#include <string>
-#include <vector>
 
 namespace {
 
@@ -20,12 +13,11 @@ bool Same(SYSTEMTIME const& a, SYSTEMTIME const& b) {
     return std::memcmp(&a, &b, sizeof a) == 0;
 }
 
-SYSTEMTIME const fallback = St(1985, 0, 0);
 FILETIME const zero = {0, 0};
 
 } // namespace
 
-TEST(DFileDates, DatesOutsideTheValidYearsReadAsTheFallback) {
+TEST(DFileDates, FallbackOutsideTheValidYearsAndComparisonsToTheSecond) {
     TempTree utcZone;
     DFile file;
     std::string const shown = " 0, 1985  12:00:00 AM|0/00/1985 12:00:00 AM";
@@ -36,9 +28,20 @@ TEST(DFileDates, DatesOutsideTheValidYearsReadAsTheFallback) {
     EXPECT_TRUE(file.GetLocalDate(in2100).wYear == 2100 && !file.isValidDate(in2100));
     // The last a conversion fails.
     for (FILETIME const& date : {zero, Utc(1984, 12, 31, 23, 59, 59), FILETIME{0, 0x80000000}})
-        EXPECT_TRUE(Same(file.GetLocalDate(date), fallback) && !file.isValidDate(date));
+        EXPECT_TRUE(Same(file.GetLocalDate(date), St(1985, 0, 0)) && !file.isValidDate(date));
     EXPECT_TRUE(file.isValidDate(Utc(1985, 1, 1)));
     EXPECT_TRUE(file.CompDates(file.GetUTCDate(St(2004, 13, 1)), zero)); // no such month
+
+    // CompDate: the local fields to the second, the fallback with month 0. CompDateCreated and
+    // the others are the oracle of SortingTest's date columns.
+    FILETIME const in1980 = Utc(1980, 5, 5), in1985 = Utc(1985, 1, 1);
+    EXPECT_EQ(std::vector<int>({file.CompDate(zero, in1980), file.CompDate(zero, in1985),
+                                file.CompDate(in1985, zero)}),
+              std::vector<int>({0, -1, 1}));
+    FILETIME const early = Utc(2004, 3, 9, 13, 5, 7, 1), late = Utc(2004, 3, 9, 13, 5, 7, 999);
+    EXPECT_TRUE(file.CompDate(early, late) == 0 && !file.CompDates(early, late));
+    EXPECT_TRUE(file.CompDates(zero, zero) && !file.isEmpty(FILETIME{0, 1}));
+    EXPECT_EQ(file.CompDate(early, Utc(2004, 2, 29, 23, 59, 59)), 1);
 }
 
 // Local times on the twelve-hour clock are shown in DFileTextTest.
@@ -58,26 +61,4 @@ TEST(DFileDates, LocalDatesGoThroughTheZone) {
                 file.isValidDate(St(2080, 12, 31, 23, 59, 59)));
     EXPECT_FALSE(file.isValidDate(Utc(1984, 12, 31, 18, 29, 59)) ||
                  file.isValidDate(St(2081, 1, 1)) || file.isValidDate(St(2004, 2, 30)));
-}
-
-TEST(DFileDates, CompDateComparesLocalFieldsToTheSecond) {
-    TempTree utcZone;
-    DFile file;
-    FILETIME const in1980 = Utc(1980, 5, 5), in1985 = Utc(1985, 1, 1);
-    // The fallback has month 0.
-    EXPECT_EQ(std::vector<int>({file.CompDate(zero, in1980), file.CompDate(zero, in1985),
-                                file.CompDate(in1985, zero)}),
-              std::vector<int>({0, -1, 1}));
-
-    FILETIME const early = Utc(2004, 3, 9, 13, 5, 7, 1), late = Utc(2004, 3, 9, 13, 5, 7, 999);
-    EXPECT_TRUE(file.CompDate(early, late) == 0 && !file.CompDates(early, late));
-    EXPECT_TRUE(file.CompDates(zero, zero) && !file.isEmpty(FILETIME{0, 1}));
-    EXPECT_EQ(file.CompDate(early, Utc(2004, 2, 29, 23, 59, 59)), 1);
-
-    file.SetDateCreated(early);
-    file.SetDateLastAccessed(in1985);
-    file.SetDateWritten(in1980);
-    EXPECT_EQ(std::vector<int>({file.CompDateCreated(in1985), file.CompDateLastAccessed(early),
-                                file.CompDateWritten(zero)}),
-              std::vector<int>({1, -1, 0}));
 }

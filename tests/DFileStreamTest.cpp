@@ -1,12 +1,7 @@
 #include "support/RecordFields.h"
-#include "support/Records.h"
-
-#include <gtest/gtest.h>
 
 #include <cstddef>
 #include <random>
-#include <string>
-#include <vector>
 
 #if defined(__SANITIZE_ADDRESS__)
 #define WATCH_ALLOCATIONS 1
@@ -45,12 +40,17 @@ template <class Run> std::size_t LargestAllocation(Run run) {
     return largestAllocation;
 }
 
-std::string Word(DWORD value) {
-    return std::string{char(value), char(value >> 8), char(value >> 16), char(value >> 24)};
-}
-
 std::string Name(std::string const& text) {
     return Word(static_cast<DWORD>(text.size())) + text;
+}
+
+// The nine numbers of a record in their stored order.
+std::vector<DWORD> Numbers(DFile const& f) {
+    std::vector<DWORD> numbers;
+    for (FILETIME const* date : {&f.dateWritten, &f.dateLastAccessed, &f.dateCreated})
+        numbers.insert(numbers.end(), {date->dwLowDateTime, date->dwHighDateTime});
+    numbers.insert(numbers.end(), {f.attributes, f.sizeLow, f.sizeHigh});
+    return numbers;
 }
 
 // Every field different, the path with a zero byte and bytes above 127.
@@ -68,42 +68,31 @@ bool Same(DFile const& a, DFile const& b) {
     return a == b && a.CompDates(a.dateLastAccessed, b.dateLastAccessed);
 }
 
-bool WriteTo(std::string const& path, DFile& file) {
-    FileOper out(path.c_str(), true);
-    return file >> out;
-}
-
-bool ReadFrom(std::string const& path, DFile& file) {
-    FileOper in(path.c_str(), false);
-    return file << in;
-}
-
 } // namespace
 
 TEST(DFileStream, RoundTripsWithANewKeyEachWrite) {
     TempTree tree;
     DFile file = Sample();
     file.SetIndex(DName("index text"));
-    ASSERT_TRUE(WriteTo(tree.Path("first"), file));
+    ASSERT_TRUE(Store(file, tree.Path("first")));
     DName const firstKey = file.GetKey();
-    ASSERT_TRUE(WriteTo(tree.Path("second"), file));
+    ASSERT_TRUE(Store(file, tree.Path("second")));
     EXPECT_TRUE(firstKey != DName("index text") && file.GetKey() != firstKey);
     EXPECT_TRUE(!file.isDataEncrypted() && Same(file, Sample()));
     EXPECT_NE(FileBytes(tree.Path("first")), FileBytes(tree.Path("second")));
-    EXPECT_EQ(file.HeaderSize(), file.GetKey().Size() + 18 + 36);
     DFile first, second;
-    ASSERT_TRUE(ReadFrom(tree.Path("first"), first) && ReadFrom(tree.Path("second"), second));
+    ASSERT_TRUE(Load(first, tree.Path("first")) && Load(second, tree.Path("second")));
     EXPECT_TRUE(Same(first, Sample()) && Same(second, Sample()));
     EXPECT_TRUE(first.GetKey() == firstKey && second.GetKey() == file.GetKey());
 
     // Scrambled by the caller: it goes out with its own key and is plain afterwards.
     ASSERT_TRUE(file.Encrypt());
     DName const key = file.GetKey();
-    ASSERT_TRUE(WriteTo(tree.Path("s"), file));
-    EXPECT_TRUE(Same(file, Sample()) && ReadFrom(tree.Path("s"), first));
+    ASSERT_TRUE(Store(file, tree.Path("s")));
+    EXPECT_TRUE(Same(file, Sample()) && Load(first, tree.Path("s")));
     EXPECT_TRUE(Same(first, Sample()) && first.GetKey() == key);
     FileOper closed, readOnly(tree.Path("s").c_str(), false); // a failing write, plain as well
-    EXPECT_FALSE(file.Write(closed) || file.Write(readOnly));
+    EXPECT_FALSE(file.Write(closed) || file >> readOnly);
     EXPECT_TRUE(Same(file, Sample()));
 }
 
@@ -121,27 +110,21 @@ TEST(DFileStream, StreamLayoutIsPinned) {
     msvcrt_srand(1);
     DFile named = Sample();
     named.fullPath = "a";
-    ASSERT_TRUE(WriteTo(path, named));
-    DWORD const m = 25 * 2 + 73 * 256 + 25 + 73;
-    EXPECT_EQ(FileBytes(path), std::string("\x01", 1) + Name("\x49\x19") + Word(1) + "(" +
-                                   Word(0x90A0B0C0 ^ m) + Word(0x01E00003 ^ m) +
-                                   Word(0x50607080 ^ m) + Word(0x01D00002 ^ m) +
-                                   Word(0x10203040 ^ m) + Word(0x01C00001 ^ m) + Word(0x821 ^ m) +
-                                   Word(0x89ABCDEF ^ m) + Word(0x01234567 ^ m));
+    ASSERT_TRUE(Store(named, path));
+    std::string expected = std::string("\x01", 1) + Name("\x49\x19") + Word(1) + "(";
+    for (DWORD number : Numbers(Sample()))
+        expected += Word(number ^ (25 * 2 + 73 * 256 + 25 + 73));
+    EXPECT_EQ(FileBytes(path), expected);
 
     // Flag 0: taken as stored, key included.
-    std::string const stored = PutFileBytes(
-        tree, std::string("\x00", 1) + Name("key") + Name("C:\\plain") + Word(1) + Word(2) +
-                  Word(3) + Word(4) + Word(5) + Word(6) + Word(7) + Word(8) + Word(9));
+    std::string stored = std::string("\x00", 1) + Name("key") + Name("C:\\plain");
+    for (DWORD number = 1; number <= 9; ++number)
+        stored += Word(number);
     DFile plain;
-    ASSERT_TRUE(ReadFrom(stored, plain));
+    ASSERT_TRUE(Load(plain, PutFileBytes(tree, stored)));
     EXPECT_FALSE(plain.isDataEncrypted());
     EXPECT_EQ(Shown(plain.GetKey()) + "|" + Shown(plain.GetFullPath()), "key|C:\\plain");
-    EXPECT_EQ(std::vector<std::uint64_t>({Ticks(plain.dateWritten), Ticks(plain.dateLastAccessed),
-                                          Ticks(plain.dateCreated), plain.attributes,
-                                          plain.GetFileSize64()}),
-              std::vector<std::uint64_t>(
-                  {2ull << 32 | 1, 4ull << 32 | 3, 6ull << 32 | 5, 7, 9ull << 32 | 8}));
+    EXPECT_EQ(Numbers(plain), (std::vector<DWORD>{1, 2, 3, 4, 5, 6, 7, 8, 9}));
 }
 
 TEST(DFileStream, ScramblingKnownAnswers) {
@@ -161,20 +144,14 @@ TEST(DFileStream, ScramblingKnownAnswers) {
               std::vector<DWORD>({at0, at4, 2, 0x41u * 2 + 0x41 * 256 + 0x41 + 0x41, 1,
                                   static_cast<DWORD>(-128 * 2 - 127 * 256 + 48)}));
 
-    // A record: the path of two characters first, then the words in the record's field order.
+    // A record: the path of two characters first, then the words in the record's field order
+    // (sizeLow, sizeHigh, attributes, created, accessed, written) take at2, at0, at4 in turn.
     DFile file = Sample();
-    file.fullPath = "ab";
-    file.hashKey = Raw(six);
-    file.dataEncrypted = true;
+    file.fullPath = "ab", file.hashKey = Raw(six), file.dataEncrypted = true;
     ASSERT_TRUE(file.Decrypt());
-    EXPECT_EQ(std::vector<DWORD>({file.sizeLow, file.sizeHigh, file.attributes,
-                                  file.dateCreated.dwLowDateTime, file.dateCreated.dwHighDateTime,
-                                  file.dateLastAccessed.dwLowDateTime,
-                                  file.dateLastAccessed.dwHighDateTime,
-                                  file.dateWritten.dwLowDateTime, file.dateWritten.dwHighDateTime}),
-              std::vector<DWORD>({0x89ABCDEF ^ at2, 0x01234567u ^ at0, 0x821u ^ at4,
-                                  0x10203040u ^ at2, 0x01C00001u ^ at0, 0x50607080u ^ at4,
-                                  0x01D00002u ^ at2, 0x90A0B0C0u ^ at0, 0x01E00003u ^ at4}));
+    DWORD const masks[] = {at0, at4, at4, at2, at2, at0, at4, at2, at0}; // in stored order
+    for (unsigned i = 0; i < 9; ++i)
+        EXPECT_EQ(Numbers(file)[i], Numbers(Sample())[i] ^ masks[i]) << i;
     EXPECT_FALSE(file.Decrypt()); // only once either way
     msvcrt_srand(1);
     DFile twice = Sample();
@@ -191,9 +168,10 @@ TEST(DFileStream, DamagedStreamsGiveFalse) {
     DFile read;
     // Cut inside the numbers: the whole fields before the cut are taken, no further.
     DFile partial = Sample();
-    EXPECT_FALSE(ReadFrom(PutFileBytes(tree, std::string("\x00", 1) + Name("") + Name("p") +
-                                                 Word(1) + Word(2) + Word(3) + "xy"),
-                          partial));
+    std::string const cut = PutFileBytes(tree, std::string("\x00", 1) + Name("") + Name("p") +
+                                                   Word(1) + Word(2) + Word(3) + "xy");
+    FileOper stream(cut.c_str(), false);
+    EXPECT_FALSE(partial << stream); // the stream operator reads
     EXPECT_EQ(Shown(partial.GetFullPath()), "p");
     EXPECT_EQ(Ticks(partial.dateWritten), 2ull << 32 | 1);
     EXPECT_EQ(partial.dateLastAccessed.dwLowDateTime, 0x50607080u);
@@ -217,7 +195,7 @@ TEST(DFileStream, DamagedStreamsGiveFalse) {
           std::string("\x01", 1) + Name("ab") + Word(0x7FFFFFFF) + std::string(40, 'x')}) {
         std::string const path = PutFileBytes(tree, lie);
         bool result = true;
-        std::size_t const largest = LargestAllocation([&] { result = ReadFrom(path, read); });
+        std::size_t const largest = LargestAllocation([&] { result = Load(read, path); });
         EXPECT_FALSE(result);
         EXPECT_LT(largest, 1u << 20); // the stream's own buffer at most
     }

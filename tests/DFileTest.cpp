@@ -1,25 +1,21 @@
 #include "support/Records.h"
 
-#include <gtest/gtest.h>
-
 #include <cstring>
 #include <memory>
 
 namespace {
 
-DFile Dated(char const* path, DWORD attributes = 0x20) {
+DFile Dated(char const* path) {
     FILETIME const written = Ft(1ull << 32 | 2), created = Ft(3ull << 32 | 4),
                    accessed = Ft(5ull << 32 | 6);
-    return DFile(DName(path), attributes, 0, &created, &accessed, &written);
+    return DFile(DName(path), 0x20, 0, &created, &accessed, &written);
 }
 
 WIN32_FIND_DATAA FindData(char const* name, char const* alternate = "") {
     WIN32_FIND_DATAA data = {};
     std::strcpy(data.cFileName, name);
     std::strcpy(data.cAlternateFileName, alternate);
-    data.dwFileAttributes = 0x21;
-    data.nFileSizeLow = 7;
-    data.nFileSizeHigh = 1;
+    data.dwFileAttributes = 0x21, data.nFileSizeLow = 7, data.nFileSizeHigh = 1;
     return data;
 }
 
@@ -27,28 +23,23 @@ WIN32_FIND_DATAA FindData(char const* name, char const* alternate = "") {
 
 TEST(DFile, EqualityIsAboutEntryAndState) {
     DFile empty;
-    EXPECT_FALSE(empty == empty);
-    EXPECT_TRUE(empty != empty);
-    EXPECT_TRUE(empty.CompStruct(DFile()));
-
+    EXPECT_TRUE(!(empty == empty) && empty != empty && empty.CompStruct(DFile()));
     DFile const a = Dated("C:\\x");
     DFile b = a;
     b.SetDateLastAccessed(Ft(77));
     b.SetIndex(DName("key"));
     EXPECT_TRUE(a == b); // neither the access date nor the key counts
-    for (int change = 0; change < 4; ++change) {
+    void (*const changes[])(DFile&) = {
+        [](DFile& f) { f.SetFileSize(0, 1); }, // same low half, other high half
+        [](DFile& f) { f.SetDateCreated(Ft(3ull << 32 | 5)); },
+        [](DFile& f) { f.dataEncrypted = true; },
+        [](DFile& f) { f.SetFullPath(DName("C:\\y")); }}; // the only one CompStruct ignores
+    for (unsigned i = 0; i < 4; ++i) {
         b = a;
         b.dataEncrypted = false;
-        if (change == 0)
-            b.SetFileSize(0, 1); // same low half, other high half
-        if (change == 1)
-            b.SetDateCreated(Ft(3ull << 32 | 5));
-        if (change == 2)
-            b.dataEncrypted = true;
-        if (change == 3)
-            b.SetFullPath(DName("C:\\y"));
-        EXPECT_FALSE(a == b) << change;
-        EXPECT_EQ(a.CompStruct(b), change == 3) << change;
+        changes[i](b);
+        EXPECT_FALSE(a == b) << i;
+        EXPECT_EQ(a.CompStruct(b), i == 3) << i;
     }
 }
 
@@ -74,8 +65,7 @@ TEST(DFile, AttributeBits) {
     EXPECT_TRUE(file.isDir() && !file.isFile() && file.isArchive() && !file.isHidden());
 }
 
-// Copies of records between positions of a listing are checked in SortingTest and
-// ListingCopiesTest; these are the parts of the record alone.
+// The record alone; copies between positions of a listing: SortingTest, ListingCopiesTest.
 TEST(DFile, AssignmentKeepsLinkAndScrambleStateAndDotsAreNames) {
     DFile neighbour, other;
     DFile source = Dated("a");
@@ -90,8 +80,8 @@ TEST(DFile, AssignmentKeepsLinkAndScrambleStateAndDotsAreNames) {
     EXPECT_STREQ(&target, "b.txt");
     EXPECT_TRUE(target.GetDateWritten().dwHighDateTime == 1 && target.GetAttribute() == 0x20);
     target.Destroy();
-    EXPECT_TRUE(target.isEmpty() && target.GetAttribute() == 0);
-    EXPECT_EQ(target.next, std::addressof(other));
+    EXPECT_TRUE(target.isEmpty() && target.GetAttribute() == 0 &&
+                target.next == std::addressof(other));
 
     EXPECT_FALSE(DFile().isDots() || Record("...").isDots() || Record(".profile").isDots());
     EXPECT_TRUE(Record("C:\\dir\\..").isDots() && Record(".").isDots());
@@ -125,13 +115,11 @@ TEST(DFile, FromPathFillsFromTheFileSystemTo100Nanoseconds) {
     tree.SetTimes("data.txt", 1000000000, 123456789);
     DFile file = Dated("unchanged");
     EXPECT_FALSE(file.FromPath(DName(tree.WinPath("missing").c_str())));
-    EXPECT_STREQ(&file, "unchanged");
-    EXPECT_EQ(file.GetAttribute(), 0x20u);
+    EXPECT_TRUE(std::string(&file) == "unchanged" && file.GetAttribute() == 0x20);
 
     DName const pattern(tree.WinPath("*.txt").c_str());
-    EXPECT_TRUE(file.FromPath(pattern));
+    EXPECT_TRUE(file.FromPath(pattern) && file.GetFileSize() == 5);
     EXPECT_STREQ(&file, &pattern);
-    EXPECT_EQ(file.GetFileSize(), 5u);
     // 2001-09-09 01:46:40.1234567 UTC in 100 ns since 1601: the last 89 ns are cut off.
     EXPECT_EQ(Ticks(file.GetDateWritten()), Ticks(At(1000000000, 1234567)));
     EXPECT_EQ(Ticks(file.GetDateLastAccessed()), Ticks(At(1000000000, 1234567)));

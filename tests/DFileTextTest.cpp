@@ -1,20 +1,15 @@
-#include "support/Records.h"
-
 #include "support/Backend.h"
+#include "support/RecordFields.h"
 
-#include <gtest/gtest.h>
-
-#include <fstream>
 #include <memory>
-#include <sstream>
-#include <string>
+#include <tuple>
 #include <utility>
 
 namespace {
 
-std::string Line(DFile const& file) {
-    DName text;
-    file.ToString(text, '|');
+std::string Line(DFile const& file, char separator = '|') {
+    DName text("old");
+    file.ToString(text, separator);
     return Shown(text);
 }
 
@@ -25,42 +20,25 @@ DFile Parsed(char const* line) {
     return file;
 }
 
-std::string Report(TempTree const& tree, DFile const& file) {
-    std::string const path = tree.WinPath("report.txt");
-    {
-        FileOper out(path.c_str(), true);
-        EXPECT_TRUE(file.TextWrite(out));
-    }
-    std::ifstream in(tree.Path("report.txt"), std::ios::binary);
-    std::stringstream bytes;
-    bytes << in.rdbuf();
-    return bytes.str();
-}
-
-DWORD const allNine = 0x1 | 0x10 | 0x20 | 0x80 | 0x4 | 0x2 | 0x800 | 0x100 | 0x40;
 std::string const noDate = "0/00/1985 12:00:00 AM";
 
 } // namespace
 
 TEST(DFileText, AttributeFlagsAndWordsFollowTheTableOrder) {
     DFile file;
-    file.attributes = allNine;
+    file.attributes = 0x9F7; // the nine bits that have a text
     // Any negative value means the record's word; 0 is a word to show; 0x400 has no text.
-    struct Row {
-        int word;
-        char const* flags;
-        char const* words;
-    } const rows[] = {
+    std::tuple<int, char const*, char const*> const rows[] = {
         {-7, "RDANSHCTE",
          "Read Only, Folder, Archive, Normal, System, Hidden, Compressed, Temporary, Encrypted"},
         {0x20, "--A------", "Archive"},
         {0x6, "----SH---", "System, Hidden"},
         {0, "---------", "No Attributes"},
         {0x400, "---------", "No Attributes"}};
-    for (Row const& row : rows)
-        EXPECT_EQ(Shown(file.FormatAttributes(false, row.word)) + "|" +
-                      Shown(file.FormatAttributes(true, row.word)),
-                  std::string(row.flags) + "|" + row.words);
+    for (auto const& [word, flags, words] : rows)
+        EXPECT_EQ(Shown(file.FormatAttributes(false, word)) + "|" +
+                      Shown(file.FormatAttributes(true, word)),
+                  std::string(flags) + "|" + words);
 }
 
 TEST(DFileText, LineHoldsSixFieldsInLocalTime) {
@@ -80,25 +58,16 @@ TEST(DFileText, LineHoldsSixFieldsInLocalTime) {
                   Shown(file.FormatNumericalDate(late)),
               "Mar 9, 2004  1:05:07 PM|July 31, 2004  12:00:00 AM|Sept 1, 2004  12:30:00 PM|"
               "Dec 31, 2004  11:59:59 PM|12/31/2004 11:59:59 PM");
-
-    DName text("old");
-    DFile().ToString(text, ';');
-    EXPECT_EQ(Shown(text), ";0;---------;" + noDate + ";" + noDate + ";" + noDate);
+    EXPECT_EQ(Line(DFile(), ';'), ";0;---------;" + noDate + ";" + noDate + ";" + noDate);
 }
 
 TEST(DFileText, ReadingOddLines) {
-    DFile file(DName("old"), 0x20, 9, nullptr, nullptr, nullptr);
-    file.dataEncrypted = true;
-    file.hashKey = "key";
-    DFile* const link = std::addressof(file);
-    file.next = link;
+    DFile file = Record("old", 0x20, 9);
+    file.dataEncrypted = true, file.hashKey = "key", file.next = std::addressof(file);
     DName text("no separator at all");
     file.FromString(text, '|');
-    EXPECT_TRUE(file.isEmpty());
-    EXPECT_FALSE(file.dataEncrypted);
-    EXPECT_TRUE(file.hashKey.isEmpty());
-    EXPECT_EQ(file.attributes, 0u);
-    EXPECT_EQ(file.next, link);
+    EXPECT_TRUE(file.isEmpty() && !file.dataEncrypted && file.hashKey.isEmpty() &&
+                file.attributes == 0 && file.next == std::addressof(file));
     EXPECT_EQ(Shown(text), "no separator at all");
 
     // Path, size (the low word of the number), attributes; a token that is not the last
@@ -122,10 +91,7 @@ TEST(DFileText, DatesReadBackFromTheLineToTheSecond) {
     FILETIME const accessed = Utc(2020, 12, 31, 18, 30, 0); // midnight, local
     FILETIME const written = Utc(2010, 6, 15, 6, 45, 59);   // a quarter past noon, local
     DFile file(DName("D:\\dir\\name.ext"), 0x8A7, 123456, &created, &accessed, &written);
-    DName text;
-    file.ToString(text, '|');
-    DFile back;
-    back.FromString(text, '|');
+    DFile back = Parsed(Line(file).c_str());
     EXPECT_TRUE(back.fullPath == "D:\\dir\\name.ext" && back.sizeLow == 123456 &&
                 back.attributes == 0x8A7);
     EXPECT_EQ(Ticks(back.dateCreated), Ticks(Utc(2004, 3, 9, 18, 5, 7)));
@@ -135,8 +101,7 @@ TEST(DFileText, DatesReadBackFromTheLineToTheSecond) {
     // No date, and dates that show as the fallback, read back as no date.
     FILETIME const in2100 = Utc(2100, 1, 1, 0, 0, 0);
     DFile const undated(DName("u"), 0, 0, nullptr, &in2100, nullptr);
-    undated.ToString(text, '|');
-    back.FromString(text, '|');
+    back = Parsed(Line(undated).c_str());
     EXPECT_EQ(Ticks(back.dateCreated) + Ticks(back.dateLastAccessed), 0u);
 
     // Without a marker the hour is on the 24-hour clock; impossible dates store no date.
@@ -159,8 +124,7 @@ TEST(DFileText, DatesReadBackFromTheLineToTheSecond) {
 TEST(DFileText, ReportBlockHasSixLabelledLinesInUtc) {
     TempTree tree;
     tree.UseZone("EST5EDT,M3.2.0,M11.1.0"); // the report ignores the zone and the valid years
-    DFile file(DName("Z:\\dir\\old.bin"), 0, 0, nullptr, nullptr, nullptr);
-    file.SetFileSize(0xFFFFFFFF, 1);
+    DFile file = Record("Z:\\dir\\old.bin", 0, 0x1FFFFFFFF);
     file.SetDateCreated(Utc(2004, 3, 9, 18, 5, 7));
     file.SetDateWritten(Utc(2100, 12, 31, 23, 59, 59));
     EXPECT_EQ(Report(tree, file), "Z:\\dir\\old.bin\n"

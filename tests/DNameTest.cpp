@@ -1,16 +1,10 @@
 #include "support/Records.h"
 
-#include <tessik/ShortName.h>
-
-#include <gtest/gtest.h>
-
 #include <climits>
 #include <functional>
 #include <memory>
 #include <random>
-#include <string>
 #include <utility>
-#include <vector>
 
 namespace {
 
@@ -40,20 +34,16 @@ TEST(DName, HoldsBytesAndKeepsItsLink) {
     DName other("y");
     zeros.link = std::addressof(other);
     DName copy(zeros);
-    EXPECT_EQ(copy.link, nullptr);
-    EXPECT_EQ(Shown(copy), kZeros);
+    EXPECT_TRUE(copy.link == nullptr && Shown(copy) == kZeros);
     zeros = other;
-    EXPECT_TRUE(zeros.Copy(copy));
-    EXPECT_EQ(zeros.link, std::addressof(other));
-
+    EXPECT_TRUE(zeros.Copy(copy) && zeros.link == std::addressof(other));
     DName inner("abcdef");
     inner = &inner + 2; // a text inside the name itself
     inner = inner;
-    EXPECT_EQ(inner, "cdef");
-    EXPECT_TRUE(DName(0).isEmpty());
+    EXPECT_TRUE(inner == "cdef" && DName(0).isEmpty());
     EXPECT_EQ(DName(INT_MIN), "-2147483648");
-    EXPECT_TRUE(DName() == static_cast<char const*>(nullptr));
-    EXPECT_TRUE(DName("a") != static_cast<char const*>(nullptr));
+    EXPECT_TRUE(DName() == static_cast<char const*>(nullptr) &&
+                DName("a") != static_cast<char const*>(nullptr));
     EXPECT_TRUE(Raw(kZeros) != "a" && Raw(kZeros) != DName("a"));
     EXPECT_FALSE(ShortName("abc") == ShortName("abd"));
 }
@@ -122,44 +112,37 @@ TEST(DName, TakesPathsApartAndJoinsThem) {
     auto attach = [](DName& name) { return name.AttachSlash(false); };
     auto chopOne = [](DName& name) { return name.ChopPath(false); };
     auto chopAll = [](DName& name) { return name.ChopPath(true); };
+    bool (DName::*dirOut)(DName&) = &DName::RemDir;
+    bool (DName::*fileOut)(DName&) = &DName::RemFilename;
+    // clang-format off
     std::pair<std::string, char const*> const cases[] = {
-        {Edited("C:\\a\\b\\", remDir), "+b"},
-        {Edited("C:a", remDir), "+a"},
-        {Edited("C:\\", remDir), "-"},
-        {Edited("C:\\a\\b.txt", remFilename), "+C:\\a"},
-        {Edited("C:\\a.txt", remFilename), "+C:\\"},
-        {Edited("a//b", remFilename), "+a"},
-        {Edited("C:\\a\\", remFilename), "+C:\\a"},
-        {Edited("\\", remFilename), "-\\"},
-        {Parted("C:\\a\\b\\\\", &DName::RemDir), "+C:\\a\\b|b"},
-        {Parted("C:\\", &DName::RemDir), "+C:\\|"},
-        {Parted("", &DName::RemDir), "-|old"},
-        {Parted("C:\\a\\b.txt", &DName::RemFilename), "+C:\\a|b.txt"},
+        {Edited("C:\\a\\b\\", remDir), "+b"}, {Edited("C:a", remDir), "+a"},
+        {Edited("C:\\", remDir), "-"}, {Edited("C:\\a\\b.txt", remFilename), "+C:\\a"},
+        {Edited("C:\\a.txt", remFilename), "+C:\\"}, {Edited("a//b", remFilename), "+a"},
+        {Edited("C:\\a\\", remFilename), "+C:\\a"}, {Edited("\\", remFilename), "-\\"},
+        {Parted("C:\\a\\b\\\\", dirOut), "+C:\\a\\b|b"}, {Parted("C:\\", dirOut), "+C:\\|"},
+        {Parted("", dirOut), "-|old"}, {Parted("C:\\a\\b.txt", fileOut), "+C:\\a|b.txt"},
         {Parted("C:\\x", &DName::RemDrive), "+\\x|C:"},
         {Parted("1:\\x", &DName::RemDrive), "-1:\\x|old"},
         {Parted("\\\\a\\b/c", &DName::RemIndexDir), "+b/c|a"},
         {Parted("//", &DName::RemIndexDir), "-//|old"},
         {Edited("x.txt", home("C:\\d", false)), "+C:\\d\\x.txt"},
-        {Edited("x", home("/d/", true)), "+/d/x"},
-        {Edited("x", home("", true)), "+x"},
-        {Edited("C:", attach), "+C:\\"},
-        {Edited("", attach), "+\\"},
-        {Edited("C:\\a\\\\", chopOne), "+C:\\a\\"},
-        {Edited("C:\\a\\/", chopAll), "+C:\\a"},
-        {Edited("C:\\", chopAll), "-C:\\"}};
+        {Edited("x", home("/d/", true)), "+/d/x"}, {Edited("x", home("", true)), "+x"},
+        {Edited("C:", attach), "+C:\\"}, {Edited("", attach), "+\\"},
+        {Edited("C:\\a\\\\", chopOne), "+C:\\a\\"}, {Edited("C:\\a\\/", chopAll), "+C:\\a"},
+        {Edited("C:\\", chopAll), "-C:\\"},
+    }; // clang-format on
     for (auto const& c : cases)
         EXPECT_EQ(c.first, c.second) << &c - cases;
 
     DName self("C:\\a\\b");
-    EXPECT_TRUE(self.RemDir(self));
-    EXPECT_EQ(self, "b");
+    EXPECT_TRUE(self.RemDir(self) && self == "b");
     DName dir("/");
     EXPECT_TRUE(dir.AddFile(DName("x"), true) && dir.AddFile(dir, false));
     EXPECT_EQ(dir, "/x\\/x");
 }
 
-// The stream form is read and written with every record: see DFileStreamTest and
-// StoredListingTest.
+// The stream form is read and written with every record, in DFileStreamTest and StoredListingTest.
 TEST(DName, RadixFormSurvivesARoundTrip) {
     DName all;
     for (int value = 0; value < 256; ++value) // not `byte`, a type of <windows.h>
@@ -178,21 +161,15 @@ TEST(DName, RadixFormSurvivesARoundTrip) {
         EXPECT_TRUE(DName(bad).FromRadix(bad[0] == '0' ? 16 : 10).isEmpty()) << bad;
 }
 
-// The scrambling of names is pinned with the records' in DFileStreamTest and undone on every
-// read of StoredListingTest; without a key it changes nothing and moves on by the length.
-TEST(DName, DetWithoutAKeyOnlyMovesOn) {
-    DName text = Raw(std::string("secret\0text", 11));
-    unsigned int position = 3;
+// Pinned with the records' scrambling in DFileStreamTest. Without a key it only moves on by the
+// length; a position that wraps past 2^32 inside the text goes on as one that starts at 0.
+TEST(DName, DetWithoutAKeyAndAcrossTheWrap) {
+    DName const plain = Raw(std::string("secret\0text", 11));
+    DName text = plain, across = plain, head("sec"), tail = Raw(std::string("ret\0text", 8));
+    unsigned int position = 3, end = 0u - 3, start = 0u - 3, zero = 0;
     text.det(DName(), position);
-    EXPECT_TRUE(Shown(text) == std::string("secret\0text", 11) && position == 14);
-}
-
-// A position that wraps past 2^32 inside the text goes on as one that starts at 0.
-TEST(DName, DetPositionWrapsToZero) {
-    DName const key("k3y"), plain = Raw(std::string("secret\0text", 11));
-    unsigned int const last = 0u - 3;
-    unsigned int end = last, start = last, zero = 0;
-    DName across = plain, head("sec"), tail = Raw(std::string("ret\0text", 8));
+    EXPECT_TRUE(text == plain && position == 14);
+    DName const key("k3y");
     across.det(key, end);
     head.det(key, start);
     tail.det(key, zero);

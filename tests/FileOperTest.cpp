@@ -1,12 +1,7 @@
-#include <tessik/FileOper.h>
-
-#include "support/TempTree.h"
-
-#include <gtest/gtest.h>
+#include "support/Records.h"
 
 #include <algorithm>
 #include <random>
-#include <string>
 
 namespace {
 
@@ -38,21 +33,17 @@ TEST(FileOper, BufferedReadsAndWritesMatchAPlainModel) {
         FileOper file(path.c_str(), true);
         for (int step = 0; step < 3000; ++step) {
             std::size_t const size = pick(4) == 0 ? pick(150000) : pick(300);
-            switch (pick(3)) {
-            case 0: {
+            std::size_t const action = pick(3);
+            if (action == 0) {
                 std::string const bytes = pattern.substr(pick(26), size);
                 ASSERT_TRUE(file.Write(bytes.data(), static_cast<DWORD>(size)));
-                if (model.size() < position + size)
-                    model.resize(position + size, '\0');
+                model.resize(std::max(model.size(), position + size));
                 model.replace(position, size, bytes);
                 position += size;
-                break;
-            }
-            case 1:
+            } else if (action == 1) {
                 position = pick(model.size() + 10);
                 ASSERT_TRUE(file.SetPos(position));
-                break;
-            default: {
+            } else {
                 std::string got(size, '\0');
                 bool const partial = pick(2);
                 std::size_t const expected =
@@ -66,7 +57,6 @@ TEST(FileOper, BufferedReadsAndWritesMatchAPlainModel) {
                 ASSERT_EQ(file.GetPos(), position);
                 ASSERT_EQ(file.isEof(), position >= model.size());
             }
-            }
         }
     }
     EXPECT_EQ(Content(path), model);
@@ -75,23 +65,21 @@ TEST(FileOper, BufferedReadsAndWritesMatchAPlainModel) {
 TEST(FileOper, TextLinesTruncationAndClosing) {
     TempTree tree;
     std::string path = tree.Path("out.txt");
-    {
-        FileOper file(path.c_str(), true);
-        EXPECT_TRUE(file.TWrite("line"));
-        EXPECT_TRUE(file.wtf());
-        EXPECT_TRUE(file.Write("xy", 2));
-        EXPECT_EQ(file.GetLength(), 8u);
-        EXPECT_FALSE(FileOper(&file).isOpen()); // a copy never shares the stream
-    }
+    FileOper file(path.c_str(), true), closed;
+    EXPECT_TRUE(file.TWrite("line") && file.wtf() && file.Write("xy", 2));
+    EXPECT_EQ(file.GetLength(), 8u);
+    file = file;
+    // A stream is never shared: a copy has none, an assigned target writes out and closes its own.
+    EXPECT_TRUE(file.isOpen() && !FileOper(file).isOpen() && !FileOper(&file).isOpen());
+    file = closed;
+    EXPECT_TRUE(!file.isOpen() && file.GetLength() == 0);
     EXPECT_EQ(Content(path), "line\n\nxy");
     FileOper reader(path.c_str(), false);
     char buffer[4];
-    EXPECT_TRUE(reader.Read(buffer, 4, false));
-    EXPECT_EQ(reader.GetTotalReadSize(), 4u);
+    EXPECT_TRUE(reader.Read(buffer, 4, false) && reader.GetTotalReadSize() == 4);
     EXPECT_FALSE(reader.Write("z", 1));
     reader.Close();
-    EXPECT_TRUE(reader.isEof());
-    EXPECT_FALSE(reader.Read(buffer, 1, true));
+    EXPECT_TRUE(reader.isEof() && !reader.Read(buffer, 1, true));
     FileOper(path.c_str(), true).Close(); // truncated
     EXPECT_EQ(FileOper(path.c_str(), false).GetLength(), 0u);
 
@@ -116,15 +104,13 @@ TEST(FileOper, ReachesPastFourGiB) {
     tree.MakeSparseFile("big", size);
     FileOper big(tree.Path("big").c_str(), false);
     EXPECT_EQ(big.GetLength(), size);
-    EXPECT_TRUE(big.SetPos(size - 3));
     char buffer[8] = {1, 1, 1};
-    EXPECT_TRUE(big.Read(buffer, sizeof buffer, true));
+    EXPECT_TRUE(big.SetPos(size - 3) && big.Read(buffer, sizeof buffer, true));
     EXPECT_EQ(std::string(buffer, big.GetReadSize()), std::string(3, '\0'));
     EXPECT_EQ(big.GetTotalReadSize(), size);
 
     FileOper out(tree.Path("written").c_str(), true);
-    EXPECT_TRUE(out.SetPos(size));
-    EXPECT_TRUE(out.Write("end", 3));
+    EXPECT_TRUE(out.SetPos(size) && out.Write("end", 3));
     EXPECT_EQ(out.GetLength(), size + 3);
     EXPECT_TRUE(out.Flush()); // written bytes reach the file at the latest here
     EXPECT_EQ(FileOper(tree.Path("written").c_str(), false).GetLength(), size + 3);

@@ -1,22 +1,7 @@
 #include "support/Backend.h"
-#include "support/TempTree.h"
+#include "support/Records.h"
 
-#include <tessik/tessik.h>
-
-#include <gtest/gtest.h>
-
-#include <string>
 #include <tuple>
-
-namespace {
-
-DFile Record(std::string const& path) {
-    DFile file;
-    file.SetFullPath(DName(path.c_str()));
-    return file;
-}
-
-} // namespace
 
 TEST(RecordPaths, WildCardMatchesTheWholePathWithoutBacktracking) {
     // clang-format off
@@ -49,15 +34,14 @@ TEST(RecordPaths, ParentShortAndLongForms) {
         {"", "", ""},
     };
     for (auto const& c : cases)
-        EXPECT_EQ(&Record(c[0]).GetParentPath(DName(c[1].c_str())), c[2]) << c[0];
+        EXPECT_EQ(&Record(c[0].c_str()).GetParentPath(DName(c[1].c_str())), c[2]) << c[0];
 
     // No 8.3 names on this volume: both forms give the path as it stands, existing or not.
     for (std::string const& path : {file, dir, missing, std::string()}) {
-        DFile const record = Record(path);
+        DFile const record = Record(path.c_str());
         std::string const last = path.substr(path.find_last_of('\\') + 1);
-        EXPECT_EQ(&record.GetOldStyle() + std::string("|") + &record.GetNewStyle(),
-                  path + "|" + path);
-        EXPECT_EQ(&record.GetOldFullPath() + std::string("|") + &record.GetNewFullPath(),
-                  last + "|" + last);
+        EXPECT_EQ(&record.GetOldStyle() + std::string("|") + &record.GetNewStyle() + "|" +
+                      &record.GetOldFullPath() + "|" + &record.GetNewFullPath(),
+                  path + "|" + path + "|" + last + "|" + last);
     }
 }

@@ -1,17 +1,13 @@
-#include "support/Records.h"
+#include "support/RecordFields.h"
 
-#include <gtest/gtest.h>
-
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <random>
-#include <string>
-#include <vector>
 
 namespace {
 
-// ---- The sorts as plainly described: value copies between positions of the chain --------
-
+// The sorts as plainly described: value copies between positions of the chain.
 void PlainSortRecursive(DFileLoad& load, int first, int last) {
     DFile pivot;
     pivot = load[static_cast<unsigned>(first)];
@@ -35,29 +31,19 @@ void PlainSortRecursive(DFileLoad& load, int first, int last) {
         PlainSortRecursive(load, l + 1, last);
 }
 
+// Then the directories go before the files, each kind in its order: nodes relinked.
 void PlainSort(DFileLoad& load) {
-    unsigned const n = load.Size();
-    if (n == 0)
+    if (load.Size() == 0)
         return;
-    PlainSortRecursive(load, 0, static_cast<int>(n - 1));
-    unsigned d = 0;
-    for (unsigned i = 0; i < n; ++i) {
-        DFile* node = load(i);
-        if (!node->isDir())
-            continue;
-        if (i != d) {
-            DFile* before = load(i - 1);
-            before->next = node->next;
-            DFile* target = load(d);
-            if (d == 0)
-                load.files.head = node;
-            else
-                load(d - 1)->next = node;
-            node->next = target;
-            load.files.Relinked();
-        }
-        ++d;
-    }
+    PlainSortRecursive(load, 0, static_cast<int>(load.Size() - 1));
+    std::vector<DFile*> nodes;
+    for (DFile* node = load.files.head; node; node = node->next)
+        nodes.push_back(node);
+    std::stable_partition(nodes.begin(), nodes.end(), [](DFile* node) { return node->isDir(); });
+    load.files.head = nodes[0];
+    for (std::size_t i = 0; i < nodes.size(); ++i)
+        nodes[i]->next = i + 1 < nodes.size() ? nodes[i + 1] : nullptr;
+    load.files.Relinked();
 }
 
 // The column order written out from its rules, apart from the library's own.
@@ -106,8 +92,6 @@ void PlainSortAlpha(DFileLoad& load, unsigned column, bool descending) {
     }
 }
 
-// ---- Random listings with many equal keys -------------------------------------------------
-
 unsigned Pick(std::mt19937& random, unsigned n) {
     return static_cast<unsigned>(random() % n);
 }
@@ -119,18 +103,14 @@ FILETIME Date(std::mt19937& random) {
 
 void Fill(DFileLoad& load, std::mt19937& random, unsigned count) {
     // Names that begin others, also beyond the first sixteen bytes.
-    char const* const names[] = {"Z:\\a",
-                                 "Z:\\a\\b",
-                                 "Z:\\B",
-                                 "Z:\\b",
-                                 "Z:\\a.txt",
-                                 "Z:\\c\\a",
-                                 "Z:\\c\\a name of more than 16 bytes",
-                                 "Z:\\c\\a name of more than 16 bytes.txt",
-                                 "Z:\\a name of more than 16 bytes"};
+    std::string const more = " name of more than 16 bytes";
+    std::string const names[] = {
+        "Z:\\a",       "Z:\\a\\b", "Z:\\B",           "Z:\\b",
+        "Z:\\a.txt",   "Z:\\c\\a", "Z:\\c\\a" + more, "Z:\\c\\a" + more + ".txt",
+        "Z:\\a" + more};
     for (unsigned i = 0; i < count; ++i) {
         FILETIME const created = Date(random), accessed = Date(random), written = Date(random);
-        DFile record(DName(names[Pick(random, 9)]),
+        DFile record(DName(names[Pick(random, 9)].c_str()),
                      (Pick(random, 3) == 0 ? 0x10 : 0x20) | Pick(random, 2) |
                          (Pick(random, 5) == 0 ? 0x400 : 0) | (Pick(random, 5) == 0 ? 0x40 : 0),
                      0, &created, &accessed, &written);
@@ -142,17 +122,12 @@ void Fill(DFileLoad& load, std::mt19937& random, unsigned count) {
 }
 
 // Everything a sort can change: each node's place in the chain, and what each position holds.
-std::vector<std::string> Picture(DFileLoad const& load, std::map<DFile const*, unsigned>& nodes) {
-    std::vector<std::string> picture;
+auto Picture(DFileLoad const& load, std::map<DFile const*, unsigned>& nodes) {
+    std::vector<std::pair<unsigned, decltype(Fields(DFile()))>> picture;
     for (DFile const* file = load.files.head; file; file = file->next) {
         if (nodes.size() < load.Size()) // the first picture numbers the nodes
             nodes[file] = static_cast<unsigned>(nodes.size());
-        picture.push_back(
-            std::to_string(nodes[file]) + " " + &file->fullPath + " " + &file->hashKey + " " +
-            std::to_string(file->GetFileSize64()) + " " + std::to_string(file->attributes) + " " +
-            std::to_string(file->dataEncrypted) + " " + std::to_string(Ticks(file->dateWritten)) +
-            " " + std::to_string(Ticks(file->dateLastAccessed)) + " " +
-            std::to_string(Ticks(file->dateCreated)));
+        picture.emplace_back(nodes[file], Fields(*file));
     }
     EXPECT_EQ(picture.size(), load.Size());
     return picture;

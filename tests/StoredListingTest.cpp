@@ -1,17 +1,7 @@
 #include "support/RecordFields.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <random>
-
-namespace {
-
-std::string Word(DWORD value) {
-    return {char(value), char(value >> 8), char(value >> 16), char(value >> 24)};
-}
-
-} // namespace
 
 // Random listings (paths of any bytes, empty ones among them, every number over its whole range)
 // come back whole, and each path is found in the stream. The stream of three records is then cut
@@ -27,8 +17,7 @@ TEST(StoredListing, RoundTripsFindsAndKeepsWhatWasRead) {
             std::generate(path.begin(), path.end(), [&] { return char(random()); });
             FILETIME const made = {word(), word()}, seen = {word(), word()},
                            wrote = {word(), word()};
-            DFile file(DName(), word(), word(), &made, &seen, &wrote);
-            file.fullPath.Namen(path.data(), unsigned(path.size()));
+            DFile file(Raw(path), word(), word(), &made, &seen, &wrote);
             file.sizeHigh = random() % 2 ? word() : 0;
             (i < count ? written : read).InsertRight(file); // two records in `read`, to go
         }

@@ -2,15 +2,11 @@
 #ifndef TESSIK_TESTS_RECORDFIELDS_H
 #define TESSIK_TESTS_RECORDFIELDS_H
 
-#include "support/TempTree.h"
-
-#include <tessik/tessik.h>
+#include "support/Records.h"
 
 #include <fstream>
 #include <iterator>
-#include <string>
 #include <tuple>
-#include <vector>
 
 // Every field of a record but its link, the key included; of each record of a listing.
 inline auto Fields(DFile const& f) {
@@ -28,6 +24,11 @@ inline auto AllFields(DFileLoad const& load) {
     for (DFile const* f = load.files.head; f; f = f->next)
         all.push_back(Fields(*f));
     return all;
+}
+
+// The four bytes of a word as streams store it, the lowest first.
+inline std::string Word(DWORD value) {
+    return {char(value), char(value >> 8), char(value >> 16), char(value >> 24)};
 }
 
 inline std::string FileBytes(std::string const& path) {
@@ -50,6 +51,14 @@ template <class T> bool Load(T& object, std::string const& path) {
 inline std::string FreshPath(TempTree const& tree) {
     static unsigned made = 0;
     return tree.Path("stream" + std::to_string(++made));
+}
+
+// The text report that `object` (a record or a listing) writes into a new stream file.
+template <class T> std::string Report(TempTree const& tree, T& object) {
+    std::string const path = FreshPath(tree);
+    FileOper out(path.c_str(), true);
+    EXPECT_TRUE(object.TextWrite(out) && out.Flush());
+    return FileBytes(path);
 }
 
 // A new file holding `bytes`; its path.

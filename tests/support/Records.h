@@ -1,4 +1,5 @@
-// Small values that many tests build: texts of names, dates, records and search criteria.
+// Small values that many tests build: texts of names, dates, records and search criteria; with
+// them the test framework and the standard strings and vectors.
 #ifndef TESSIK_TESTS_RECORDS_H
 #define TESSIK_TESTS_RECORDS_H
 
@@ -6,10 +7,13 @@
 
 #include <tessik/tessik.h>
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 #include <cstdlib>
 #include <ctime>
 #include <string>
+#include <vector>
 
 // The bytes of a name, zero bytes included.
 inline std::string Shown(DName const& name) {
