@@ -10,13 +10,9 @@
 
 // Every field of a record but its link, the key included; of each record of a listing.
 inline auto Fields(DFile const& f) {
-    auto date = [](FILETIME const& d) {
-        return std::uint64_t(d.dwHighDateTime) << 32 | d.dwLowDateTime;
-    };
-    return std::make_tuple(std::string(&f.fullPath, f.fullPath.Size()), f.sizeLow, f.sizeHigh,
-                           f.attributes, date(f.dateCreated), date(f.dateLastAccessed),
-                           date(f.dateWritten), f.dataEncrypted,
-                           std::string(&f.hashKey, f.hashKey.Size()));
+    return std::make_tuple(Shown(f.fullPath), f.sizeLow, f.sizeHigh, f.attributes,
+                           Ticks(f.dateCreated), Ticks(f.dateLastAccessed), Ticks(f.dateWritten),
+                           f.dataEncrypted, Shown(f.hashKey));
 }
 
 inline auto AllFields(DFileLoad const& load) {
