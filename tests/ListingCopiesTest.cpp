@@ -1,3 +1,4 @@
+#include "support/Listing.h"
 #include "support/Records.h"
 
 #include <gtest/gtest.h>
@@ -11,8 +12,8 @@ namespace {
 // The paths of the listing in order, separated by blanks.
 std::string Names(DFileLoad const& load) {
     std::string names;
-    for (DFile const* file = load.files.head; file; file = file->next)
-        names += (names.empty() ? "" : " ") + std::string(&file->GetFullPath());
+    for (std::string const& path : PathsOf(load))
+        names += (names.empty() ? "" : " ") + path;
     return names;
 }
 
